@@ -1,0 +1,108 @@
+"""Builds the rows whose sources changed, on all cores, and the lists the program needs."""
+
+import hashlib
+import json
+import os
+from concurrent.futures import ThreadPoolExecutor
+from pathlib import Path
+
+from . import Refusal, pictures, placeholder
+from .drawing import Studio
+
+RECORD = "built.json"
+
+
+def tool_bytes():
+    return b"".join(p.read_bytes() for p in sorted(Path(__file__).parent.glob("*.py")))
+
+
+def key_of(row, source, common):
+    path = row.file(source)
+    drawing = path.read_bytes() if path.exists() else b"no drawing"
+    return hashlib.sha1(common + repr(row).encode() + drawing).hexdigest()
+
+
+def write_if_changed(path, text):
+    if not path.exists() or path.read_text() != text:
+        path.write_text(text)
+
+
+def is_drawn(row, source):
+    return row.file(source).exists()
+
+
+def stale_rows(rows, source, out, common, record):
+    def fresh(row):
+        old = record.get(row.title)
+        return (old and old["key"] == key_of(row, source, common)
+                and all((out / f"{name}.png").exists() for name in row.names if name))
+    return [row for row in rows if not fresh(row)]
+
+
+def build_rows(rows, source, out):
+    """Brings the pictures of rows in folder out up to date; returns the refusals as texts."""
+    out = Path(out)
+    out.mkdir(parents=True, exist_ok=True)
+    studio = Studio(source, out)
+    record_path = out / RECORD
+    record = json.loads(record_path.read_text()) if record_path.exists() else {}
+    common = studio.inputs() + tool_bytes()
+    stale = stale_rows(rows, source, out, common, record)
+
+    def work(row):
+        try:
+            drawn = is_drawn(row, source)
+            return row, (pictures.make(studio, row) if drawn else placeholder.make(row)), None
+        except Refusal as refusal:
+            return row, None, str(refusal)
+
+    refusals = []
+    with ThreadPoolExecutor(os.cpu_count()) as pool:
+        for row, made, refusal in pool.map(work, stale):
+            if refusal:
+                refusals.append(refusal)
+                record.pop(row.title, None)
+            else:
+                record[row.title] = save(row, made, out, is_drawn(row, source), rows, source)
+                record[row.title]["key"] = key_of(row, source, common)
+    refusals += shared_mask_faults(rows, source, record)
+    write_if_changed(record_path, json.dumps(record, indent=1, sort_keys=True))
+    return sorted(set(refusals))
+
+
+def save(row, made, out, drawn, rows, source):
+    """Writes a row's pictures; a placeholder leaves a mask to the drawings that share it."""
+    for name, picture in made.items():
+        shared = name == row.mask and any(r.mask == name and is_drawn(r, source) for r in rows)
+        if drawn or not shared or not (out / f"{name}.png").exists():
+            picture.save(out / f"{name}.png")
+    mask = made.get(row.mask)
+    return {"mask": hashlib.sha1(mask.tobytes()).hexdigest() if mask else None}
+
+
+def shared_mask_faults(rows, source, record):
+    first, faults = {}, []
+    for row in rows:
+        if not row.mask or row.title not in record or not is_drawn(row, source):
+            continue
+        other = first.setdefault(row.mask, row)
+        if record[other.title]["mask"] != record[row.title]["mask"]:
+            faults.append(f"{row.file(source)}: {row.mask} differs from that of {other.file(source)}, which shares it")
+    return faults
+
+
+def picture_names(rows):
+    return sorted({name for row in rows for name in row.names if name})
+
+
+def write_lists(rows, out):
+    """art.qrc for rcc, and ArtPictures.inc with one macro call a picture."""
+    names = picture_names(rows)
+    files = "".join(f'  <file alias="{name}.png">{name}.png</file>\n' for name in names)
+    write_if_changed(Path(out) / "art.qrc", f'<RCC>\n <qresource prefix="/art">\n{files} </qresource>\n</RCC>\n')
+    cursors = {row.colour for row in rows if row.kind == "cursor"}
+    calls = "".join(f"ART_{'CURSOR' if name in cursors else 'PICTURE'}({name})\n" for name in names)
+    write_if_changed(Path(out) / "ArtPictures.inc",
+                     "// Define ART_PICTURE(name), and ART_CURSOR(name) where cursors differ, before including.\n"
+                     "#ifndef ART_CURSOR\n#define ART_CURSOR(name) ART_PICTURE(name)\n#endif\n"
+                     f"{calls}#undef ART_CURSOR\n#undef ART_PICTURE\n")
