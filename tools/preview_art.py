@@ -58,7 +58,7 @@ def make_sheet(options, rows, chosen):
         grid_picture = built.picture("GridLand") if grid else None
         return sheet.sample_page(built, objects, built.picture(options.on), grid_picture, options.look), refusals
     parchment, grass = built.picture("Parchment"), built.picture("GrassParchment")
-    scale, columns = (2, 4) if options.all else (4, 2)
+    scale, columns = (2, 6) if options.all else (4, 2)
     return sheet.contact_sheet(built, objects, parchment, grass, scale, columns), refusals
 
 

@@ -38,8 +38,8 @@ class Row:
 
     @property
     def title(self):
-        """The name that stands for the row: its first picture."""
-        return next(name for name in self.names if name)
+        """The name that stands for the row: its own picture, which no other row makes."""
+        return self.colour or self.bw
 
     def file(self, source):
         return Path(source) / folder_of(self.kind) / f"{self.drawing}.svg"
@@ -57,8 +57,8 @@ def parse_row(words, where):
     if len(words) < 2 + count:
         raise Refusal(f"{where}: a row of kind {kind} needs a drawing and {count} picture name(s)")
     names = tuple(None if word == "-" else word for word in words[2:2 + count])
-    if not any(names):
-        raise Refusal(f"{where}: no picture named")
+    if not (names[0] or (len(names) == 3 and names[2])):
+        raise Refusal(f"{where}: neither a colour nor a black and white picture is named")
     for name in names:
         if name and not re.fullmatch(r"[A-Za-z]\w*", name):
             raise Refusal(f"{where}: {name} is no picture name")

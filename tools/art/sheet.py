@@ -139,7 +139,7 @@ def sample_page(built, rows, page, grid, look):
 
 
 def pages_sheet(built, rows):
-    """Page art at natural size under each other; what is clear shows as magenta's opposite, mid green."""
+    """Page art at natural size under each other; what is clear shows as dull green."""
     pictures = []
     for row in rows:
         picture = built.picture(row.colour)

@@ -1,0 +1,46 @@
+# Builds the pictures from resources/art and embeds them: quorrin_add_art(<target>).
+# The resource is named art, so a static library's user calls Q_INIT_RESOURCE(art).
+
+option(QUORRIN_ART_COMPLETE "Refuse to build while a drawing is missing" OFF)
+set(QUORRIN_ART_PYTHON /usr/bin/python3 CACHE FILEPATH "Python with numpy and PIL")
+find_program(RSVG_CONVERT rsvg-convert REQUIRED)
+execute_process(COMMAND ${QUORRIN_ART_PYTHON} -c "import numpy, PIL" RESULT_VARIABLE art_python_fault ERROR_QUIET)
+if(art_python_fault)
+  message(FATAL_ERROR "${QUORRIN_ART_PYTHON} lacks numpy or PIL (packages python3-numpy, python3-pil)")
+endif()
+
+set(QUORRIN_ART_DIR ${CMAKE_BINARY_DIR}/art)
+set(art_source ${PROJECT_SOURCE_DIR}/resources/art)
+file(GLOB_RECURSE art_inputs CONFIGURE_DEPENDS ${art_source}/*.svg ${art_source}/*.css ${art_source}/*.txt
+     ${PROJECT_SOURCE_DIR}/tools/art/*.py)
+set(art_flags "")
+if(QUORRIN_ART_COMPLETE)
+  set(art_flags --no-placeholders)
+endif()
+
+# art.qrc and ArtPictures.inc change only with the list of pictures; the stamp with every picture.
+add_custom_command(
+  OUTPUT ${QUORRIN_ART_DIR}/stamp
+  BYPRODUCTS ${QUORRIN_ART_DIR}/art.qrc ${QUORRIN_ART_DIR}/ArtPictures.inc
+  COMMAND ${QUORRIN_ART_PYTHON} ${PROJECT_SOURCE_DIR}/tools/build_art.py
+          --source ${art_source} --out ${QUORRIN_ART_DIR} ${art_flags}
+  COMMAND ${CMAKE_COMMAND} -E touch ${QUORRIN_ART_DIR}/stamp
+  DEPENDS ${art_inputs} ${PROJECT_SOURCE_DIR}/tools/build_art.py
+  COMMENT "Drawing the pictures"
+  VERBATIM)
+add_custom_command(
+  OUTPUT ${QUORRIN_ART_DIR}/qrc_art.cpp
+  COMMAND Qt6::rcc --name art -o ${QUORRIN_ART_DIR}/qrc_art.cpp ${QUORRIN_ART_DIR}/art.qrc
+  DEPENDS ${QUORRIN_ART_DIR}/stamp
+  COMMENT "Embedding the pictures"
+  VERBATIM)
+add_custom_target(art_pictures DEPENDS ${QUORRIN_ART_DIR}/stamp ${QUORRIN_ART_DIR}/qrc_art.cpp)
+
+# Compiles the pictures into TARGET and lets it include ArtPictures.inc.
+function(quorrin_add_art TARGET)
+  target_sources(${TARGET} PRIVATE ${QUORRIN_ART_DIR}/qrc_art.cpp)
+  set_source_files_properties(${QUORRIN_ART_DIR}/qrc_art.cpp TARGET_DIRECTORY ${TARGET}
+                              PROPERTIES GENERATED TRUE SKIP_AUTOGEN TRUE)
+  target_include_directories(${TARGET} PRIVATE ${QUORRIN_ART_DIR})
+  add_dependencies(${TARGET} art_pictures)
+endfunction()
