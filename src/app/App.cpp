@@ -1,0 +1,26 @@
+#include "app/App.h"
+
+#include "app/Module1.h"
+#include "toolkit/Text.h"
+
+namespace quorrin {
+
+App::App()
+{
+    MenuBar = makeMainMenuBar();
+}
+
+void App::Event_Open()
+{
+    AutoQuit = true;
+    SetupPreferences();
+    Module1::sep = Chr(187);
+}
+
+void App::Event_OpenDocument(const Ref<FolderItem>& item)
+{
+    const bool isMap = Lowercase(Right(item->Name(), 4)) == "qrnm";
+    Module1::gOpenFile = isMap ? item : nullptr;
+}
+
+} // namespace quorrin

@@ -1,0 +1,22 @@
+#pragma once
+
+#include "toolkit/Application.h"
+
+namespace quorrin {
+
+/// The application.
+class App : public Application {
+public:
+    /// Brings up the menu bar; the platform must be set.
+    App();
+    void Event_Open() override;
+    /// Remembers a map file that the system hands over; only the one that is there when the window opens is opened.
+    void Event_OpenDocument(const Ref<FolderItem>& item) override;
+    /// Opens the preferences and takes the page setup from them.
+    void SetupPreferences();
+};
+
+/// Makes the main window's menu bar.
+Ref<MenuBar> makeMainMenuBar();
+
+} // namespace quorrin

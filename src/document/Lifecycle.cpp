@@ -1,0 +1,99 @@
+#include "app/Module1.h"
+#include "document/FileTypes1.h"
+#include "document/Window1.h"
+#include "toolkit/Platform.h"
+
+namespace quorrin {
+
+namespace {
+
+constexpr auto applicationTitle = "Quorrin Map Maker";
+
+/// Asks what to do about unsaved changes and does it; false when the person wants to stop or the map could not be
+/// saved.
+bool mayGoOn(Window1& window, const std::string& message)
+{
+    if (!window.isDirty)
+        return true;
+    MessageDialog question;
+    question.Icon = MessageDialog::QuestionIcon;
+    question.Message = message;
+    question.ActionButton = {"Save Changes", true};
+    question.AlternateActionButton = {"Discard Changes", true};
+    question.CancelButton = {"Cancel", true};
+    switch (question.ShowModal()) {
+    case MessageDialog::Answer::Action:
+        return window.mSave();
+    case MessageDialog::Answer::Alternate:
+        return true;
+    case MessageDialog::Answer::Cancel:
+        break;
+    }
+    return false;
+}
+
+} // namespace
+
+void Window1::Event_Open()
+{
+    Initialize();
+    RenderMap(true);
+}
+
+bool Window1::Event_CancelClose(bool)
+{
+    return !mayGoOn(*this, "Save Changes?");
+}
+
+bool Window1::_mnuNew_Action()
+{
+    if (!mayGoOn(*this, "Save current changes?"))
+        return false;
+    Initialize();
+    pmLandscape.ListIndex = 0;
+    pmBackground.ListIndex = 0;
+    pmGrid.ListIndex = 0;
+    cbShowClickable.Value = false;
+    ClearAllWallChecks();
+    rWallColor.FillColor = black;
+    for (PopupMenu* popup : {&pmBorderTop, &pmBorderBottom, &pmBorderLeft, &pmBorderRight, &pmVisibleLayers,
+                             &pmObjectLayer, &pmObjects, &pmColorBW})
+        popup->ListIndex = 0;
+    cbShowDMObjects.Value = false;
+    pmDM.ListIndex = 0;
+    RenderMap(true);
+    isDirty = false;
+    return true;
+}
+
+bool Window1::_mnuOpen_Action()
+{
+    if (!mayGoOn(*this, "Save current changes?"))
+        return false;
+    if (const auto file = GetOpenFolderItem({FileTypes1::QuorrinMap}))
+        mOpen(file);
+    RenderMap(true);
+    Canvas1.Invalidate(true);
+    return true;
+}
+
+bool Window1::_mnuSave_Action()
+{
+    if (mSave())
+        isDirty = false;
+    return true;
+}
+
+void Window1::Timer1_Action()
+{
+    if (Module1::gOpenFile)
+        mOpen(Module1::gOpenFile);
+}
+
+void Window1::SetSavedFileName(const Ref<FolderItem>& file)
+{
+    mySavedFileName = file ? file->Name().substr(0, file->Name().find('.')) : "";
+    Title = mySavedFileName.empty() ? applicationTitle : std::string(applicationTitle) + " - " + mySavedFileName;
+}
+
+} // namespace quorrin

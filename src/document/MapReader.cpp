@@ -1,0 +1,180 @@
+#include "app/Module1.h"
+#include "document/MapMarks.h"
+#include "document/Window1.h"
+#include "toolkit/Numbers.h"
+#include "toolkit/Platform.h"
+#include "toolkit/Text.h"
+
+#include <exception>
+
+// Reads a map of the newest form or any older one. There is no version in a file: older forms have fewer sections and
+// fields, and what is missing keeps the value that it had. Nothing else is checked; a list that is too short raises
+// OutOfBoundsException, and so does a popup's row that does not exist.
+
+namespace quorrin {
+
+namespace {
+
+std::int64_t integer(const std::string& text)
+{
+    return Int(Val(text));
+}
+
+/// Files of another writer have the four marks as two bytes of UTF-8 each, all of them or none.
+std::string withSingleByteMarks(std::string text)
+{
+    if (text.find_first_of("\xC2\xC3") == text.npos)
+        return text;
+    for (const unsigned char mark : {187, 251, 252, 254}) {
+        const char wide[] = {static_cast<char>(0xC0 | mark >> 6), static_cast<char>(0x80 | (mark & 0x3F))};
+        text = ReplaceAll(text, {wide, 2}, Chr(mark));
+    }
+    return text;
+}
+
+void readSquares(const std::string& list, const Window1::Layer& squares)
+{
+    const auto items = Split(list, ItemMark);
+    std::int64_t n = 0;
+    for (int i = 1; i <= Window1::columns; ++i) {
+        for (int j = 1; j <= Window1::rows; ++j) {
+            const auto values = Split(items(n++), ",");
+            cSquare& square = *squares(i, j);
+            square.thisDM = integer(values(0));
+            square.thisObject = integer(values(1));
+            square.Visible = Val(values(2)) != 0;
+            square.x = integer(values(3));
+            square.y = integer(values(4));
+        }
+    }
+}
+
+void readWalls(const std::string& section, const Window1::Layer& squares)
+{
+    const auto items = Split(section, ItemMark);
+    std::int64_t n = 0;
+    for (int i = 1; i <= Window1::columns; ++i)
+        for (int j = 1; j <= Window1::rows; ++j)
+            squares(i, j)->Wall = New<cWall>(items(n++));
+}
+
+/// The first section; false when it is too short to be one of a map.
+bool readPage(Window1& window, const std::string& section)
+{
+    const auto fields = Split(section, Module1::sep);
+    window.pmLandscape.ListIndex = integer(fields(0));
+    if (fields.UBound() < 1)
+        return false;
+    window.pmBackground.ListIndex = integer(fields(1));
+    if (fields.UBound() >= 2)
+        window.cbOverlayUserPict.Value = Val(fields(2)) != 0;
+    if (fields.UBound() >= 3)
+        window.UserPicture = window.ConvertDataToPicture(fields(3));
+    return true;
+}
+
+void readGrid(Window1& window, const std::string& section)
+{
+    const auto fields = Split(section, Module1::sep);
+    window.pmGrid.ListIndex = integer(fields(0));
+    window.cbShowClickable.Value = Val(fields(1)) != 0;
+}
+
+void readBottomSquares(Window1& window, const std::string& section)
+{
+    const auto groups = Split(section, GroupMark);
+    window.pmColorBW.ListIndex = integer(groups(0));
+    readSquares(groups(1), window.mySquares);
+}
+
+/// The colour mode stands here a second time and is not read again.
+void readTopSquares(Window1& window, const std::string& section)
+{
+    readSquares(Split(section, GroupMark)(1), window.mySquaresTop);
+}
+
+void readScript(Window1& window, const std::string& section)
+{
+    const auto fields = Split(section, Module1::sep);
+    window.cbShowDMObjects.Value = Val(fields(0)) == 1;
+    if (fields.UBound() <= 1)
+        return;
+    window.myScript->Monsters = DecodeBase64(fields(1));
+    window.myScript->GamtText = DecodeBase64(fields(2));
+    window.txtMonster.Text = window.myScript->Monsters;
+    window.txtGameText.Text = window.myScript->GamtText;
+}
+
+void readIcons(Window1& window, const std::string& section)
+{
+    const auto fields = Split(Trim(section), Module1::sep);
+    for (int n = 1; n <= Window1::characters; ++n) {
+        window.myCharacters(n)->IconData = DecodeBase64(fields(n - 1));
+        window.myCharacters(n)->LoadIcon();
+    }
+}
+
+void readNumbers(Window1& window, const std::string& section)
+{
+    const auto items = Split(Trim(section), ItemMark);
+    for (int n = 1; n <= Window1::characters; ++n)
+        window.myCharacters(n)->Number = integer(Split(items(n - 1), Module1::sep)(0));
+}
+
+void readBorders(Window1& window, const std::string& section)
+{
+    const auto groups = Split(section, GroupMark);
+    PopupMenu* const popups[] = {&window.pmBorderTop, &window.pmBorderBottom, &window.pmBorderLeft,
+                                 &window.pmBorderRight};
+    std::int64_t n = 0;
+    for (PopupMenu* popup : popups)
+        popup->ListIndex = integer(Split(groups(n++), Module1::sep)(0));
+}
+
+/// False when the text is none of a map; an exception when it breaks off.
+bool readMap(Window1& window, const std::string& text)
+{
+    const auto sections = Split(withSingleByteMarks(text), SectionMark);
+    if (!readPage(window, sections(0)))
+        return false;
+    readGrid(window, sections(1));
+    readWalls(sections(2), window.mySquares);
+    readBottomSquares(window, sections(3));
+    if (!Trim(sections(4)).empty())
+        readScript(window, sections(4));
+
+    constexpr void (*laterSections[])(Window1&, const std::string&) = {readIcons, readNumbers, readTopSquares,
+                                                                       readBorders};
+    std::int64_t n = 5;
+    for (const auto read : laterSections) {
+        if (sections.UBound() >= n && !Trim(sections(n)).empty())
+            read(window, sections(n));
+        ++n;
+    }
+    return true;
+}
+
+} // namespace
+
+void Window1::mOpen(const Ref<FolderItem>& file)
+{
+    try {
+        if (const auto stream = TextInputStream::Open(file)) {
+            Initialize();
+            if (readMap(*this, stream->ReadAll())) {
+                SetSavedFileName(file);
+                bbScriptTool.Value = false;
+                PagePanel1.Value = 0;
+            } else {
+                MsgBox("Error opening saved file.");
+            }
+        }
+        RenderMap(true);
+        Canvas1.Invalidate(true);
+        isDirty = false;
+    } catch (const std::exception&) {
+        MsgBox("Error opening file.");
+    }
+}
+
+} // namespace quorrin

@@ -1,0 +1,93 @@
+#include "app/Module1.h"
+#include "document/FileTypes1.h"
+#include "document/MapMarks.h"
+#include "document/Window1.h"
+#include "toolkit/Platform.h"
+#include "toolkit/Text.h"
+
+namespace quorrin {
+
+namespace {
+
+std::string field(const std::string& value)
+{
+    return value + Module1::sep;
+}
+
+std::string field(const PopupMenu& popup)
+{
+    return field(Str(popup.ListIndex));
+}
+
+std::string field(const CheckBox& box)
+{
+    return field(box.Value ? "1" : "0");
+}
+
+std::string base64Field(const std::string& bytes)
+{
+    return field(EncodeBase64(bytes, base64Line));
+}
+
+/// Visits the squares in the order of the file: down the columns, from the left.
+template <typename Text>
+std::string items(const Window1::Layer& squares, Text text)
+{
+    std::string all;
+    for (int i = 1; i <= Window1::columns; ++i)
+        for (int j = 1; j <= Window1::rows; ++j)
+            all += text(*squares(i, j)) + ItemMark;
+    return all;
+}
+
+std::string squareItems(const PopupMenu& colorMode, const Window1::Layer& squares)
+{
+    return Str(colorMode.ListIndex) + GroupMark + items(squares, [](const cSquare& square) { return square.toSave(); });
+}
+
+} // namespace
+
+std::string Window1::MapText()
+{
+    std::string icons;
+    std::string numbers;
+    for (int n = 1; n <= characters; ++n) {
+        icons += base64Field(myCharacters(n)->IconData);
+        numbers += field(Str(myCharacters(n)->Number)) + ItemMark;
+    }
+    const std::string sections[] = {
+        field(pmLandscape) + field(pmBackground) + field(cbOverlayUserPict)
+            + field(UserPicture ? ConvertPictureToData(UserPicture) : ""),
+        field(pmGrid) + field(cbShowClickable),
+        items(mySquares, [](const cSquare& square) { return square.Wall->toSave(); }),
+        squareItems(pmColorBW, mySquares),
+        field(cbShowDMObjects) + base64Field(myScript->Monsters) + base64Field(myScript->GamtText),
+        icons,
+        numbers,
+        squareItems(pmColorBW, mySquaresTop),
+        field(pmBorderTop) + GroupMark + field(pmBorderBottom) + GroupMark + field(pmBorderLeft) + GroupMark
+            + field(pmBorderRight) + GroupMark,
+    };
+    std::string text;
+    for (const auto& section : sections)
+        text += section + SectionMark;
+    return text;
+}
+
+bool Window1::mSave()
+{
+    const auto text = MapText();
+    const auto name = mySavedFileName.empty() ? "New Map.qrnm" : Trim(mySavedFileName) + ".qrnm";
+    const auto file = GetSaveFolderItem({FileTypes1::QuorrinMap}, name);
+    if (!file)
+        return false;
+    const auto stream = TextOutputStream::Create(file);
+    if (!stream)
+        return false;
+    stream->Write(text);
+    stream->Close();
+    SetSavedFileName(file);
+    return true;
+}
+
+} // namespace quorrin

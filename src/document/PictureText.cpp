@@ -1,0 +1,25 @@
+#include "document/MapMarks.h"
+#include "document/Window1.h"
+#include "toolkit/Text.h"
+
+namespace quorrin {
+
+std::string Window1::ConvertPictureToData(const Ref<Picture>& picture)
+{
+    const auto flat = New<Picture>(picture->Width(), picture->Height(), 32);
+    flat->Graphics().DrawPicture(picture, 0, 0);
+    return EncodeBase64(flat->ToData(PictureFormat::Default, 100), base64Line);
+}
+
+Ref<Picture> Window1::ConvertDataToPicture(const std::string& text)
+{
+    if (Trim(text).empty())
+        return nullptr;
+    const auto picture = Picture::FromData(DecodeBase64(text));
+    // The file keeps the drawing flattened on white; this lets the map show through again.
+    if (picture)
+        picture->Transparent = 1;
+    return picture;
+}
+
+} // namespace quorrin

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "toolkit/Graphics.h"
+#include "toolkit/Picture.h"
+#include "toolkit/Ref.h"
+
+#include <cstdint>
+#include <string>
+
+namespace quorrin {
+
+/// One paper stand-up token: a strip that is folded in the middle, with the figure on both halves.
+class cCharacter {
+public:
+    /// The picture at the size at which it was loaded; nil for none.
+    Ref<Picture> Icon;
+    /// What the file keeps of the picture: empty for none, a negative object number for one of the catalogue, else the
+    /// bytes of an image file.
+    std::string IconData;
+    /// The number on the foot; drawn when greater than 0.
+    std::int64_t Number = 0;
+
+    /// Paints the whole token over the whole surface.
+    void DrawCharacter(Graphics& g) const;
+    /// The picture at token size, at most 60 by 100; never nil.
+    Ref<Picture> SizeIcon() const;
+    /// A new picture, upside down, on white.
+    static Ref<Picture> FlipIcon(const Ref<Picture>& src);
+    /// Makes Icon anew from IconData; nil where the bytes are no picture.
+    void LoadIcon();
+};
+
+} // namespace quorrin

@@ -1,0 +1,123 @@
+#include "toolkit/Files.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QSaveFile>
+#include <QStandardPaths>
+
+#include <limits>
+
+namespace quorrin {
+
+namespace {
+
+QString qtPath(const std::string& path)
+{
+    return QFile::decodeName(QByteArray::fromStdString(path));
+}
+
+std::string plainPath(const QString& path)
+{
+    return QFile::encodeName(path).toStdString();
+}
+
+} // namespace
+
+std::string FolderItem::Name() const
+{
+    return plainPath(QFileInfo(qtPath(path_)).fileName());
+}
+
+bool FolderItem::Exists() const
+{
+    return QFileInfo::exists(qtPath(path_));
+}
+
+Ref<FolderItem> FolderItem::Child(std::string_view name) const
+{
+    return New<FolderItem>(path_ + "/" + std::string(name));
+}
+
+void FolderItem::CreateAsFolder() const
+{
+    QDir().mkpath(qtPath(path_));
+}
+
+struct TextInputStream::Impl {
+    QFile file;
+};
+
+TextInputStream::TextInputStream(std::unique_ptr<Impl> impl) : impl_(std::move(impl))
+{}
+
+TextInputStream::~TextInputStream() = default;
+
+Ref<TextInputStream> TextInputStream::Open(const Ref<FolderItem>& file)
+{
+    if (!file || !QFileInfo(qtPath(file->Path())).isFile())
+        return nullptr;
+    auto impl = std::make_unique<Impl>();
+    impl->file.setFileName(qtPath(file->Path()));
+    if (!impl->file.open(QIODevice::ReadOnly))
+        return nullptr;
+    return New<TextInputStream>(std::move(impl));
+}
+
+std::string TextInputStream::ReadAll()
+{
+    const QByteArray bytes = impl_->file.readAll();
+    if (impl_->file.error() != QFileDevice::NoError)
+        throw IOException("The file cannot be read: " + impl_->file.errorString().toStdString());
+    return bytes.toStdString();
+}
+
+struct TextOutputStream::Impl {
+    QSaveFile file;
+    [[noreturn]] void fail() const
+    {
+        throw IOException("The file \"" + QFileInfo(file.fileName()).fileName().toStdString()
+                          + "\" cannot be written: " + file.errorString().toStdString());
+    }
+};
+
+TextOutputStream::TextOutputStream(std::unique_ptr<Impl> impl) : impl_(std::move(impl))
+{}
+
+TextOutputStream::~TextOutputStream() = default;
+
+Ref<TextOutputStream> TextOutputStream::Create(const Ref<FolderItem>& file)
+{
+    if (!file)
+        return nullptr;
+    auto impl = std::make_unique<Impl>();
+    impl->file.setFileName(qtPath(file->Path()));
+    if (!impl->file.open(QIODevice::WriteOnly))
+        return nullptr;
+    return New<TextOutputStream>(std::move(impl));
+}
+
+void TextOutputStream::Write(std::string_view bytes)
+{
+    if (impl_->file.write(bytes.data(), static_cast<qint64>(bytes.size())) != static_cast<qint64>(bytes.size()))
+        impl_->fail();
+}
+
+void TextOutputStream::Close()
+{
+    if (!impl_->file.commit())
+        impl_->fail();
+}
+
+Ref<FolderItem> SpecialFolder::ApplicationData()
+{
+    return New<FolderItem>(plainPath(QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation)));
+}
+
+Ref<FolderItem> SpecialFolder::Executable()
+{
+    return New<FolderItem>(plainPath(QCoreApplication::applicationDirPath()));
+}
+
+} // namespace quorrin

@@ -1,0 +1,88 @@
+#pragma once
+
+#include "toolkit/Ref.h"
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace quorrin {
+
+/// A file or folder by its path; it need not exist.
+class FolderItem {
+public:
+    explicit FolderItem(std::string path) : path_(std::move(path)) {}
+
+    const std::string& Path() const { return path_; }
+    /// The last piece of the path.
+    std::string Name() const;
+    bool Exists() const;
+    /// The item of that name in this folder.
+    Ref<FolderItem> Child(std::string_view name) const;
+    /// Makes the folder, with those above it; an existing one stays as it is.
+    void CreateAsFolder() const;
+
+private:
+    std::string path_;
+};
+
+/// Reads a file as the bytes that it holds.
+class TextInputStream {
+public:
+    /// Nil when `file` is nil or cannot be opened for reading.
+    static Ref<TextInputStream> Open(const Ref<FolderItem>& file);
+    ~TextInputStream();
+    TextInputStream(const TextInputStream&) = delete;
+    TextInputStream& operator=(const TextInputStream&) = delete;
+
+    /// All bytes of the file. Raises IOException when they cannot be read.
+    std::string ReadAll();
+
+    struct Impl;
+    explicit TextInputStream(std::unique_ptr<Impl> impl);
+
+private:
+    std::unique_ptr<Impl> impl_;
+};
+
+/// Writes a file as a whole: the old content stays until Close has put the whole new content safely on disk, and
+/// stays for good when the stream is dropped before. Links are followed and permissions kept.
+class TextOutputStream {
+public:
+    /// Nil when `file` is nil or cannot be created.
+    static Ref<TextOutputStream> Create(const Ref<FolderItem>& file);
+    ~TextOutputStream();
+    TextOutputStream(const TextOutputStream&) = delete;
+    TextOutputStream& operator=(const TextOutputStream&) = delete;
+
+    /// Raises IOException when the bytes cannot be written.
+    void Write(std::string_view bytes);
+    /// Raises IOException when the file cannot be replaced.
+    void Close();
+
+    struct Impl;
+    explicit TextOutputStream(std::unique_ptr<Impl> impl);
+
+private:
+    std::unique_ptr<Impl> impl_;
+};
+
+/// A kind of file, as dialogs offer it.
+struct FileType {
+    std::string Name;
+    /// With their dots, separated by ";".
+    std::string Extensions;
+};
+
+/// Kinds of file that a dialog offers; none means any file.
+using FileFilter = std::vector<FileType>;
+
+namespace SpecialFolder {
+/// Where the programs of this user keep their data.
+Ref<FolderItem> ApplicationData();
+/// The folder of the running executable.
+Ref<FolderItem> Executable();
+} // namespace SpecialFolder
+
+} // namespace quorrin

@@ -1,0 +1,93 @@
+#pragma once
+
+#include "toolkit/Color.h"
+#include "toolkit/Ref.h"
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+
+namespace quorrin {
+
+class FolderItem;
+class Graphics;
+class RGBSurface;
+struct QtBridge;
+
+/// File formats of Picture::Save, by the numbers that the program uses for them.
+enum class PictureFormat { Default = 0, Png = 150, Jpeg = 151 };
+
+/// A raster picture. Sizes are units of the page; a picture without area is allowed and takes no drawing.
+class Picture {
+public:
+    /// The form with an alpha channel, completely clear. Costs nothing until something is drawn on it.
+    /// Raises RuntimeException for a negative size or one beyond 32767.
+    Picture(std::int64_t width, std::int64_t height);
+
+    /// The opaque form, white. `depth` is 32.
+    Picture(std::int64_t width, std::int64_t height, int depth);
+
+    ~Picture();
+    Picture(const Picture&) = delete;
+    Picture& operator=(const Picture&) = delete;
+
+    /// The picture that the program carries under this name, nil when there is none.
+    static Ref<Picture> OpenFromApp(std::string_view name);
+
+    /// The picture in an image file, nil when it cannot be read or claims a size that its bytes cannot honestly hold.
+    static Ref<Picture> Open(const Ref<FolderItem>& file);
+
+    /// The same from the bytes of an image file.
+    static Ref<Picture> FromData(const std::string& bytes);
+
+    /// Writes the picture to a file, replacing it only when all is safely on disk. `quality` (0 to 100) counts for
+    /// JPEG alone: PNG loses nothing at any. Raises IOException when the file cannot be written.
+    void Save(const Ref<FolderItem>& file, PictureFormat format, int quality) const;
+
+    /// The bytes that Save would write.
+    std::string ToData(PictureFormat format, int quality) const;
+
+    std::int64_t Width() const;
+    std::int64_t Height() const;
+
+    /// The drawing surface; it lives as long as the picture and keeps its pen, colour and text size.
+    quorrin::Graphics& Graphics();
+
+    /// The pixels, one by one.
+    quorrin::RGBSurface RGBSurface();
+
+    /// Grey picture of the same size, or nil: black keeps a pixel, white removes it, greys give partial cover.
+    Ref<Picture> Mask;
+
+    /// 1 keeps exact white (255, 255, 255) from being drawn elsewhere.
+    int Transparent = 0;
+
+private:
+    friend class quorrin::Graphics;
+    friend class quorrin::RGBSurface;
+    friend struct QtBridge;
+    struct Pixels;
+    std::unique_ptr<Pixels> pixels_;
+};
+
+/// Reads and writes single pixels of a picture, x and y from 0; outside the picture white is read and nothing written.
+class RGBSurface {
+public:
+    Color Pixel(std::int64_t x, std::int64_t y) const;
+    void SetPixel(std::int64_t x, std::int64_t y, Color color);
+
+private:
+    friend class Picture;
+    explicit RGBSurface(Picture& picture) : picture_(picture) {}
+    Picture& picture_;
+};
+
+/// A picture as a shape that can be turned about its centre. `Rotation` is in radians, clockwise.
+struct PixmapShape {
+    explicit PixmapShape(Ref<Picture> source) : Image(std::move(source)) {}
+    Ref<Picture> Image;
+    double Rotation = 0;
+};
+
+} // namespace quorrin

@@ -1,0 +1,73 @@
+#include "toolkit/Platform.h"
+
+#include "toolkit/Graphics.h"
+
+namespace quorrin {
+
+namespace {
+Platform* thePlatform = nullptr;
+}
+
+Platform& platform()
+{
+    if (!thePlatform)
+        throw NilObjectException();
+    return *thePlatform;
+}
+
+void setPlatform(Platform* platform)
+{
+    thePlatform = platform;
+}
+
+MessageDialog::Answer MessageDialog::ShowModal() const
+{
+    return platform().Ask(*this);
+}
+
+bool PrinterSetup::PageSetupDialog()
+{
+    return platform().PageSetupDialog(*this);
+}
+
+void MsgBox(const std::string& message)
+{
+    platform().MsgBox(message);
+}
+
+bool SelectColor(Color& color, const std::string& prompt)
+{
+    return platform().SelectColor(color, prompt);
+}
+
+Ref<FolderItem> GetOpenFolderItem(const FileFilter& filter)
+{
+    return platform().GetOpenFolderItem(filter);
+}
+
+Ref<FolderItem> GetSaveFolderItem(const FileFilter& filter, const std::string& defaultName)
+{
+    return platform().GetSaveFolderItem(filter, defaultName);
+}
+
+std::unique_ptr<Graphics> OpenPrinterDialog(const Ref<PrinterSetup>& setup, Window& parent)
+{
+    return platform().OpenPrinterDialog(*setup, parent);
+}
+
+bool IsContextualClick()
+{
+    return platform().IsContextualClick;
+}
+
+bool Keyboard::AsyncShiftKey()
+{
+    return platform().AsyncShiftKey();
+}
+
+bool Keyboard::AsyncControlKey()
+{
+    return platform().AsyncControlKey();
+}
+
+} // namespace quorrin

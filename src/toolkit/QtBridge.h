@@ -1,0 +1,53 @@
+#pragma once
+
+// The one header of the toolkit that names Qt types. It is for the toolkit's own .cpp files and for src/desktop.
+
+#include "toolkit/Graphics.h"
+#include "toolkit/Picture.h"
+
+#include <QFont>
+#include <QImage>
+
+#include <memory>
+#include <string>
+
+class QPagedPaintDevice;
+class QPainter;
+
+namespace quorrin {
+
+struct PrinterSetup;
+
+/// What a Graphics draws on.
+struct GraphicsDevice {
+    virtual ~GraphicsDevice() = default;
+    /// Nil when the surface has no area.
+    virtual QPainter* painter() = 0;
+    virtual double width() const = 0;
+    virtual double height() const = 0;
+    /// Whether one unit is one pixel, so that everything is placed on whole ones.
+    virtual bool exactPixels() const { return true; }
+    virtual void nextPage() {}
+};
+
+struct QtBridge {
+    /// The picture's own pixels, without `Mask` and `Transparent`.
+    static const QImage& image(const Picture& picture);
+    /// What is seen of the picture when it is drawn.
+    static QImage drawnImage(Picture& picture);
+    static Ref<Picture> picture(QImage image);
+
+    /// A surface on a painter that somebody else keeps open, `width` by `height` units.
+    static std::unique_ptr<Graphics> graphics(QPainter& painter, double width, double height);
+    /// A surface on the pages of a printer or PDF, in points; begins painting on its first page at once.
+    static std::unique_ptr<Graphics> graphics(std::unique_ptr<QPagedPaintDevice> device);
+
+    /// The page layout that a setup asks for, put on a printer or PDF, and read back from it.
+    static void applySetup(const PrinterSetup& setup, QPagedPaintDevice& device);
+    static void readSetup(const QPagedPaintDevice& device, PrinterSetup& setup);
+
+    /// The font of all drawn text, `size` units high.
+    static QFont font(double size);
+};
+
+} // namespace quorrin

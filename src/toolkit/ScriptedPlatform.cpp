@@ -1,0 +1,73 @@
+#include "toolkit/ScriptedPlatform.h"
+
+#include "toolkit/Window.h"
+
+namespace quorrin {
+
+ScriptedPlatform::ScriptedPlatform()
+{
+    setPlatform(this);
+}
+
+ScriptedPlatform::~ScriptedPlatform()
+{
+    setPlatform(nullptr);
+}
+
+MessageDialog::Answer ScriptedPlatform::Ask(const MessageDialog& dialog)
+{
+    questions.push_back(dialog.Message);
+    return ask ? ask(dialog) : MessageDialog::Answer::Cancel;
+}
+
+void ScriptedPlatform::MsgBox(const std::string& message)
+{
+    messages.push_back(message);
+}
+
+bool ScriptedPlatform::SelectColor(Color& color, const std::string&)
+{
+    return selectColor && selectColor(color);
+}
+
+Ref<FolderItem> ScriptedPlatform::GetOpenFolderItem(const FileFilter& filter)
+{
+    return open ? open(filter) : nullptr;
+}
+
+Ref<FolderItem> ScriptedPlatform::GetSaveFolderItem(const FileFilter&, const std::string& defaultName)
+{
+    proposedNames.push_back(defaultName);
+    return save ? save(defaultName) : nullptr;
+}
+
+Ref<MenuItem> ScriptedPlatform::PopUp(const MenuItem& base)
+{
+    return popUp ? popUp(base) : nullptr;
+}
+
+void ScriptedPlatform::ShowModal(Window& window)
+{
+    window.Event_Open();
+    for (const Timer* timer : window.Timers)
+        timer->Action();
+    if (modal)
+        modal(window);
+}
+
+bool ScriptedPlatform::PageSetupDialog(PrinterSetup& setup)
+{
+    return pageSetup && pageSetup(setup);
+}
+
+std::unique_ptr<Graphics> ScriptedPlatform::OpenPrinterDialog(const PrinterSetup& setup, Window&)
+{
+    return printer ? printer(setup) : nullptr;
+}
+
+bool ScriptedPlatform::Launch(const FolderItem& file)
+{
+    return launch && launch(file);
+}
+
+} // namespace quorrin

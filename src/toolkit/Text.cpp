@@ -1,0 +1,173 @@
+#include "toolkit/Text.h"
+
+#include "toolkit/Errors.h"
+
+#include <QByteArray>
+
+#include <algorithm>
+#include <charconv>
+#include <limits>
+#include <system_error>
+
+namespace quorrin {
+
+namespace {
+
+constexpr std::string_view blanks = " \t\r\n\v\f";
+
+double hexadecimalValue(std::string_view digits)
+{
+    double value = 0;
+    for (const char c : digits) {
+        int digit = 0;
+        if (std::from_chars(&c, &c + 1, digit, 16).ec != std::errc())
+            break;
+        value = std::min(value * 16 + digit, std::numeric_limits<double>::max());
+    }
+    return value;
+}
+
+double decimalValue(std::string_view text)
+{
+    const bool negative = text.starts_with('-');
+    if (negative || text.starts_with('+'))
+        text.remove_prefix(1);
+    // Words that std::from_chars would take for numbers ("inf", "nan") are none here.
+    if (text.empty() || (text[0] != '.' && (text[0] < '0' || text[0] > '9')))
+        return 0;
+    double value = 0;
+    const auto result = std::from_chars(text.data(), text.data() + text.size(), value);
+    if (result.ec == std::errc::result_out_of_range) {
+        const std::string_view number(text.data(), result.ptr);
+        value = number.find("e-") == number.npos && number.find("E-") == number.npos
+                    ? std::numeric_limits<double>::max()
+                    : 0;
+    }
+    return negative ? -value : value;
+}
+
+std::size_t clampedLength(std::string_view text, std::int64_t count)
+{
+    return static_cast<std::size_t>(std::clamp<std::int64_t>(count, 0, Len(text)));
+}
+
+} // namespace
+
+const std::string& TextList::operator()(std::int64_t index) const
+{
+    if (index < 0 || index > UBound())
+        throw OutOfBoundsException(index);
+    return parts_[static_cast<std::size_t>(index)];
+}
+
+std::string Str(std::int64_t number)
+{
+    return std::to_string(number);
+}
+
+double Val(std::string_view text)
+{
+    text.remove_prefix(std::min(text.find_first_not_of(blanks), text.size()));
+    if (Lowercase(text.substr(0, 2)) == "&h")
+        return hexadecimalValue(text.substr(2));
+    return decimalValue(text);
+}
+
+std::string Hex(std::uint64_t number)
+{
+    char digits[16];
+    const auto end = std::to_chars(digits, digits + sizeof digits, number, 16).ptr;
+    std::transform(digits, end, digits, [](char c) { return c >= 'a' ? static_cast<char>(c - 'a' + 'A') : c; });
+    return {digits, end};
+}
+
+std::string Chr(unsigned char number)
+{
+    return {static_cast<char>(number)};
+}
+
+std::string Trim(std::string_view text)
+{
+    const auto first = text.find_first_not_of(blanks);
+    if (first == text.npos)
+        return {};
+    return std::string(text.substr(first, text.find_last_not_of(blanks) - first + 1));
+}
+
+TextList Split(std::string_view text, std::string_view delimiter)
+{
+    std::vector<std::string> parts;
+    if (text.empty())
+        return TextList(std::move(parts));
+    for (;;) {
+        const auto end = text.find(delimiter);
+        parts.emplace_back(text.substr(0, end));
+        if (end == text.npos)
+            return TextList(std::move(parts));
+        text.remove_prefix(end + delimiter.size());
+    }
+}
+
+std::int64_t InStr(std::string_view text, std::string_view wanted)
+{
+    const auto found = text.find(wanted);
+    return found == text.npos ? 0 : static_cast<std::int64_t>(found) + 1;
+}
+
+std::string Left(std::string_view text, std::int64_t count)
+{
+    return std::string(text.substr(0, clampedLength(text, count)));
+}
+
+std::string Right(std::string_view text, std::int64_t count)
+{
+    return std::string(text.substr(text.size() - clampedLength(text, count)));
+}
+
+std::int64_t Len(std::string_view text)
+{
+    return static_cast<std::int64_t>(text.size());
+}
+
+std::string Lowercase(std::string_view text)
+{
+    std::string lower(text);
+    for (char& c : lower)
+        if (c >= 'A' && c <= 'Z')
+            c = static_cast<char>(c - 'A' + 'a');
+    return lower;
+}
+
+std::string ReplaceAll(std::string_view text, std::string_view wanted, std::string_view replacement)
+{
+    std::string result;
+    for (;;) {
+        const auto found = text.find(wanted);
+        result += text.substr(0, found);
+        if (found == text.npos)
+            return result;
+        result += replacement;
+        text.remove_prefix(found + wanted.size());
+    }
+}
+
+std::string EncodeBase64(std::string_view bytes, std::size_t lineLength)
+{
+    const auto encoded = QByteArray::fromRawData(bytes.data(), static_cast<qsizetype>(bytes.size())).toBase64();
+    const std::string_view all(encoded.constData(), static_cast<std::size_t>(encoded.size()));
+    std::string lines;
+    for (std::size_t start = 0; start < all.size(); start += lineLength) {
+        if (start > 0)
+            lines += "\r\n";
+        lines += all.substr(start, lineLength);
+    }
+    return lines;
+}
+
+std::string DecodeBase64(std::string_view text)
+{
+    return QByteArray::fromBase64(QByteArray::fromRawData(text.data(), static_cast<qsizetype>(text.size())))
+        .toStdString();
+}
+
+} // namespace quorrin
