@@ -1,0 +1,86 @@
+#include "document/Window1.h"
+#include "render/PageArt.h"
+#include "render/Tiles.h"
+
+// The one composer. Every picture of the map, on the screen, in a file or on paper, is what this leaves in myImage. The
+// order of the steps is the order of the layers on the page.
+
+namespace quorrin {
+
+namespace {
+
+/// Calls `draw` for each square of a layer that lies on the page. Columns come first, so that a square's tile lies over
+/// what its left and upper neighbours' tiles reach into it.
+template <typename Draw>
+void forEachVisible(const Window1::Layer& squares, Draw draw)
+{
+    for (int i = 1; i <= Window1::columns; ++i)
+        for (int j = 1; j <= Window1::rows; ++j)
+            if (const cSquare& square = *squares(i, j); square.Visible)
+                draw(square, static_cast<double>(square.x), static_cast<double>(square.y));
+}
+
+void drawUserPicture(Graphics& g, const Window1& window)
+{
+    if (window.UserPicture)
+        g.DrawPicture(window.UserPicture, 0, 0);
+}
+
+/// Outlines what a click hits, with the pen that the grid has left: two pixels wide over a coloured grid, else one.
+void drawClickableFrames(Graphics& g, const Window1& window)
+{
+    g.ForeColor = RGB(0, 0, 200);
+    forEachVisible(window.mySquares, [&](const cSquare&, double x, double y) { g.DrawRect(x + 1, y + 1, 60, 60); });
+}
+
+void drawObjects(Graphics& g, Window1& window, const Window1::Layer& squares, std::int64_t mode)
+{
+    forEachVisible(squares, [&](const cSquare& square, double x, double y) {
+        g.DrawPicture(window.DrawObject(square.thisObject, mode), x + objectTileOffset, y + objectTileOffset);
+    });
+}
+
+void drawWalls(Graphics& g, const Window1& window)
+{
+    forEachVisible(window.mySquares, [&](const cSquare& square, double x, double y) {
+        if (square.Wall)
+            g.DrawPicture(square.Wall->Render(), x, y);
+    });
+}
+
+void drawMarkers(Graphics& g, Window1& window)
+{
+    forEachVisible(window.mySquares, [&](const cSquare& square, double x, double y) {
+        g.DrawPicture(window.DrawDM(square.thisDM), x + markerTileOffset, y + markerTileOffset);
+    });
+}
+
+} // namespace
+
+void Window1::RenderMap(bool includeUserPicture)
+{
+    const bool portrait = pmLandscape.ListIndex != 0;
+    myImage = portrait ? New<Picture>(576, 756, 32) : New<Picture>(756, 576, 32);
+    auto& g = myImage->Graphics();
+
+    drawBackground(g, pmBackground.ListIndex, portrait);
+    if (includeUserPicture && !cbOverlayUserPict.Value)
+        drawUserPicture(g, *this);
+    drawGrid(g, pmGrid.ListIndex, portrait);
+    drawBorders(g, {pmBorderTop.ListIndex, pmBorderBottom.ListIndex, pmBorderLeft.ListIndex, pmBorderRight.ListIndex});
+    if (cbShowClickable.Value)
+        drawClickableFrames(g, *this);
+    if (pmVisibleLayers.ListIndex != 2)
+        drawObjects(g, *this, mySquares, pmColorBW.ListIndex);
+    // The top layer is never translucent: that is how an object stands clear on the terrain below it.
+    if (pmVisibleLayers.ListIndex != 1)
+        drawObjects(g, *this, mySquaresTop, pmColorBW.ListIndex == 2 ? 2 : 1);
+    drawWalls(g, *this);
+    if (cbShowDMObjects.Value)
+        drawMarkers(g, *this);
+    if (includeUserPicture && cbOverlayUserPict.Value)
+        drawUserPicture(g, *this);
+    Canvas1.Invalidate(true);
+}
+
+} // namespace quorrin

@@ -1,0 +1,42 @@
+#include "document/Window1.h"
+#include "render/Tiles.h"
+#include "toolkit/Numbers.h"
+#include "toolkit/Text.h"
+
+namespace quorrin {
+
+namespace {
+constexpr std::int64_t lastMarker = 21;
+}
+
+const Rows& markerRows()
+{
+    static const Rows captions = [] {
+        Rows all{"Blank", "Heros"};
+        for (std::int64_t marker = 2; marker <= lastMarker; ++marker)
+            all.push_back(Str(marker - 1));
+        return all;
+    }();
+    return captions;
+}
+
+Ref<Picture> Window1::DrawDM(std::int64_t markerNumber)
+{
+    auto tile = New<Picture>(markerTileSize, markerTileSize);
+    if (markerNumber < 1 || markerNumber > lastMarker)
+        return tile;
+    auto& g = tile->Graphics();
+    g.ForeColor = black;
+    g.DrawOval(2, 2, 54, 54);
+    g.TextSize = 36;
+    const auto text = markerNumber == 1 ? "H" : Str(markerNumber - 1);
+    const auto width = Int(g.StringWidth(text));
+    const auto height = Int(g.StringHeight(text, 60));
+    // The base line stands 10 above where the bottom of a centred text would be, which puts the digits in the middle.
+    const auto x = (markerTileSize - width) / 2 + 1;
+    const auto y = markerTileSize - (markerTileSize - height) / 2 - 10;
+    g.DrawString(text, static_cast<double>(x), static_cast<double>(y), 0, false);
+    return tile;
+}
+
+} // namespace quorrin

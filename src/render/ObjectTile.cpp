@@ -1,0 +1,83 @@
+#include "document/Window1.h"
+#include "render/Catalogue.h"
+#include "render/Tiles.h"
+
+namespace quorrin {
+
+namespace {
+
+enum Mode : std::int64_t { Translucent = 0, Solid = 1, BlackAndWhite = 2 };
+
+/// Sets the picture up for the mode and returns it. The shared pictures keep `Mask` and `Transparent` afterwards; the
+/// two modes that need them set both.
+const Ref<Picture>& artInMode(const CatalogueRow& row, std::int64_t mode)
+{
+    if (row.departure == Departure::Plain)
+        return row.color();
+    switch (mode) {
+    case Translucent:
+        row.color()->Mask = row.mask();
+        return row.color();
+    case Solid:
+        row.color()->Mask = nullptr;
+        if (row.departure != Departure::SolidKeepsWhite)
+            row.color()->Transparent = 1;
+        return row.color();
+    case BlackAndWhite:
+        if (row.departure != Departure::WhiteCoversInBW)
+            row.blackAndWhite()->Transparent = 1;
+        return row.blackAndWhite();
+    default:
+        return row.color();
+    }
+}
+
+/// Seven steps, 5 apart from 15 to 45, each 6 wider than the last towards the side where the stairs lead.
+void drawStairs(Graphics& g, Departure direction)
+{
+    const bool vertical = direction == Departure::StairsN || direction == Departure::StairsS;
+    const bool backwards = direction == Departure::StairsN || direction == Departure::StairsW;
+    g.ForeColor = black;
+    for (int n = 1; n <= 7; ++n) {
+        const int at = 10 + 5 * (backwards ? 8 - n : n);
+        if (vertical)
+            g.DrawLine(27 - 3 * n, at, 27 + 3 * n, at);
+        else
+            g.DrawLine(at, 27 - 3 * n, at, 27 + 3 * n);
+    }
+}
+
+/// A token's figure over the whole tile. It has no black and white form.
+void drawFigure(Graphics& g, const cCharacter& token, std::int64_t mode)
+{
+    if (token.IconData.empty() || !token.Icon)
+        return;
+    auto figure = token.Icon;
+    if (mode == Translucent) {
+        figure = New<Picture>(token.Icon->Width(), token.Icon->Height(), 32);
+        figure->Graphics().DrawPicture(token.Icon, 0, 0);
+        figure->Transparent = 1;
+    }
+    g.DrawPicture(figure, 0, 0, g.Width(), g.Height(), 0, 0, static_cast<double>(figure->Width()),
+                  static_cast<double>(figure->Height()));
+}
+
+} // namespace
+
+Ref<Picture> Window1::DrawObject(std::int64_t objectNumber, std::int64_t colorMode)
+{
+    auto tile = New<Picture>(objectTileSize, objectTileSize);
+    auto& g = tile->Graphics();
+    if (const auto character = characterOfObject(objectNumber)) {
+        drawFigure(g, *myCharacters(character), colorMode);
+    } else if (objectNumber >= 1 && objectNumber <= lastCatalogueObject) {
+        const auto& row = catalogue()[static_cast<std::size_t>(objectNumber - 1)];
+        if (row.color)
+            g.DrawPicture(artInMode(row, colorMode), 0, 0);
+        else
+            drawStairs(g, row.departure);
+    }
+    return tile;
+}
+
+} // namespace quorrin

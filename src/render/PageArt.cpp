@@ -1,0 +1,142 @@
+#include "render/PageArt.h"
+
+#include "render/Art.h"
+
+namespace quorrin {
+
+namespace {
+
+/// Draws through a copy of the picture's own size, in which the white of a picture that has `Transparent` set is gone.
+void drawCopy(Graphics& g, const Ref<Picture>& art, double x, double y)
+{
+    const auto copy = New<Picture>(art->Width(), art->Height());
+    copy->Graphics().DrawPicture(art, 0, 0);
+    g.DrawPicture(copy, x, y);
+}
+
+void fillPage(Graphics& g, Color color)
+{
+    g.ForeColor = color;
+    g.FillRect(0, 0, g.Width(), g.Height());
+}
+
+/// The colours of the rows 4 to 8 of pmGrid.
+constexpr Color gridColors[] = {RGB(80, 125, 35), RGB(120, 110, 85), RGB(25, 95, 225), RGB(230, 215, 10),
+                                RGB(235, 40, 40)};
+
+/// The lines of a coloured grid: where the first one of each direction stands, up to where more are begun, and where
+/// those of the other direction end.
+struct GridLines {
+    int left, top, right, bottom, lastX, lastY;
+};
+constexpr GridLines landscapeLines{6, 41, 750, 537, 756, 600};
+/// The horizontal lines end one pixel short of the last vertical one, on purpose.
+constexpr GridLines portraitLines{37, 6, 532, 750, 576, 756};
+
+void drawColoredGrid(Graphics& g, Color color, const GridLines& lines)
+{
+    constexpr int pitch = 62;
+    g.PenWidth = 2;
+    g.PenHeight = 2;
+    g.ForeColor = color;
+    for (int y = lines.top; y <= lines.lastY; y += pitch)
+        g.DrawLine(lines.left, y, lines.right, y);
+    for (int x = lines.left; x <= lines.lastX; x += pitch)
+        g.DrawLine(x, lines.top, x, lines.bottom);
+}
+
+/// The art of one style of border and how it is drawn.
+struct BorderStyle {
+    const Ref<Picture>& horizontal;
+    const Ref<Picture>& vertical;
+    void (*draw)(Graphics&, const Ref<Picture>&, double, double);
+};
+
+void drawDirectly(Graphics& g, const Ref<Picture>& art, double x, double y)
+{
+    g.DrawPicture(art, x, y);
+}
+
+} // namespace
+
+void drawBackground(Graphics& g, std::int64_t background, bool portrait)
+{
+    switch (background) {
+    case 0:
+        return fillPage(g, RGB(255, 255, 255));
+    case 1:
+        return fillPage(g, RGB(200, 200, 200));
+    case 2:
+        return g.DrawPicture(_x_Parchment(), 0, 0);
+    case 3:
+        return g.DrawPicture(_x_GrassParchment(), 0, 0);
+    case 4:
+        return g.DrawPicture(_x_WaterParchment(), 0, 0);
+    case 5:
+        return g.DrawPicture(_x_CobblestoneParchment(), 0, 0);
+    case 6:
+        return g.DrawPicture(_x_PlainParchment(), 0, 0);
+    case 7:
+        // The horizontal road lies first in either orientation, and in landscape twice.
+        g.DrawPicture(_x_PlainRoadHorz(), 0, 0);
+        return g.DrawPicture(portrait ? _x_PlainRoadVert() : _x_PlainRoadHorz(), 0, 0);
+    case 8:
+        return g.DrawPicture(portrait ? _x_IslandParchmentVert() : _x_IslandParchmentHorz(), 0, 0);
+    case 9:
+        return g.DrawPicture(_x_CliffParchment(), portrait ? -180 : 0, 0);
+    default:
+        return;
+    }
+}
+
+void drawGrid(Graphics& g, std::int64_t grid, bool portrait)
+{
+    switch (grid) {
+    case 1:
+        return drawCopy(g, portrait ? _x_GridPort() : _x_GridLand(), 0, 0);
+    case 2:
+        if (portrait)
+            return g.DrawPicture(_x_GridPortBlur(), -2, 1);
+        return g.DrawPicture(_x_GridLandblur(), 1, 2);
+    case 3:
+        return drawCopy(g, portrait ? _x_GridPortGrey() : _x_GridLandGrey(), 0, 0);
+    case 4:
+    case 5:
+    case 6:
+    case 7:
+    case 8:
+        return drawColoredGrid(g, gridColors[grid - 4], portrait ? portraitLines : landscapeLines);
+    default:
+        return;
+    }
+}
+
+void drawBorders(Graphics& g, const BorderRows& rows)
+{
+    _x_MountianRangeBorderHorz()->Transparent = 1;
+    _x_MountianRangeBorderVert()->Transparent = 1;
+    _x_PineTreeBorderHorz()->Mask = _x_PineTreeBorderHorzMask();
+    _x_PineTreeBorderVert()->Mask = _x_PineTreeBorderVertMask();
+    _x_SharkBorderHorz()->Transparent = 1;
+    _x_SharkBorderVert()->Transparent = 1;
+
+    const BorderStyle styles[] = {
+        {_x_MountianRangeBorderHorz(), _x_MountianRangeBorderVert(), drawCopy},
+        {_x_PineTreeBorderHorz(), _x_PineTreeBorderVert(), drawDirectly},
+        {_x_SharkBorderHorz(), _x_SharkBorderVert(), drawCopy},
+    };
+    std::int64_t row = 1;
+    for (const auto& style : styles) {
+        if (rows.top == row)
+            style.draw(g, style.horizontal, 0, 4);
+        if (rows.bottom == row)
+            style.draw(g, style.horizontal, 0, g.Height() - static_cast<double>(style.horizontal->Height()) - 1);
+        if (rows.left == row)
+            style.draw(g, style.vertical, 1, 0);
+        if (rows.right == row)
+            style.draw(g, style.vertical, g.Width() - static_cast<double>(style.vertical->Width()) - 4, 0);
+        ++row;
+    }
+}
+
+} // namespace quorrin
