@@ -13,7 +13,7 @@ public:
     /// Remembers a map file that the system hands over; only the one that is there when the window opens is opened.
     void Event_OpenDocument(const Ref<FolderItem>& item) override;
     /// Opens the preferences and takes the page setup from them.
-    void SetupPreferences();
+    virtual void SetupPreferences();
 };
 
 /// Makes the main window's menu bar.

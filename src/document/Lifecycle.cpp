@@ -1,4 +1,5 @@
 #include "app/Module1.h"
+#include "document/DocumentName.h"
 #include "document/FileTypes1.h"
 #include "document/Window1.h"
 #include "toolkit/Platform.h"
@@ -92,7 +93,7 @@ void Window1::Timer1_Action()
 
 void Window1::SetSavedFileName(const Ref<FolderItem>& file)
 {
-    mySavedFileName = file ? file->Name().substr(0, file->Name().find('.')) : "";
+    mySavedFileName = file ? documentName(file->Name()) : "";
     Title = mySavedFileName.empty() ? applicationTitle : std::string(applicationTitle) + " - " + mySavedFileName;
 }
 

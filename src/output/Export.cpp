@@ -1,3 +1,5 @@
+#include "output/Export.h"
+
 #include "app/Module1.h"
 #include "document/Window1.h"
 #include "toolkit/Platform.h"
@@ -12,17 +14,10 @@ constexpr int bestQuality = 100;
 /// The constant of a quarter turn; it differs from the exact one by far less than a pixel.
 constexpr double quarterTurn = 1.570795;
 
-/// "Quorrin Map", and the document's name after a blank when it has one.
-std::string pictureName(const Window1& window)
-{
-    const auto name = Trim(window.mySavedFileName);
-    return name.empty() ? "Quorrin Map" : "Quorrin Map " + name;
-}
-
 /// Asks for a file and writes the page to it; nothing happens when the person cancels.
 void savePageAs(Window1& window, const std::string& name)
 {
-    if (const auto file = GetSaveFolderItem({}, name + ".png"))
+    if (const auto file = GetSaveFolderItem({}, name))
         window.myImage->Save(file, PictureFormat::Png, bestQuality);
 }
 
@@ -39,11 +34,36 @@ constexpr SeriesStep series[] = {
     {" DM BW", true, true},
 };
 
+/// "Quorrin Map", and the document's name after a blank when it has one.
+std::string baseName(const std::string& documentName)
+{
+    const auto name = Trim(documentName);
+    return name.empty() ? "Quorrin Map" : "Quorrin Map " + name;
+}
+
+std::string seriesName(const std::string& documentName, const SeriesStep& step)
+{
+    return baseName(documentName) + step.suffix + ".png";
+}
+
 } // namespace
+
+std::string pictureFileName(const std::string& documentName)
+{
+    return baseName(documentName) + ".png";
+}
+
+std::vector<std::string> seriesFileNames(const std::string& documentName)
+{
+    std::vector<std::string> names;
+    for (const auto& step : series)
+        names.push_back(seriesName(documentName, step));
+    return names;
+}
 
 void Window1::mSavePicture()
 {
-    savePageAs(*this, pictureName(*this));
+    savePageAs(*this, pictureFileName(mySavedFileName));
 }
 
 bool Window1::_mnuSavePicture_Action()
@@ -84,7 +104,7 @@ bool Window1::_mnuExportPictureSeries_Action()
             pmBackground.ListIndex = step.blackAndWhite ? 0 : background;
             pmColorBW.ListIndex = step.blackAndWhite ? 2 : colorMode;
             RenderMap(true);
-            savePageAs(*this, pictureName(*this) + step.suffix);
+            savePageAs(*this, seriesName(mySavedFileName, step));
         }
     } catch (...) {
         restore();

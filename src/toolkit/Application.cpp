@@ -1,7 +1,8 @@
 #include "toolkit/Application.h"
 
-#include <QDir>
 #include <QGuiApplication>
+
+#include <cstdio>
 
 // Outside every namespace, as Qt wants it.
 static void initialiseArtResource()
@@ -10,6 +11,17 @@ static void initialiseArtResource()
 }
 
 namespace quorrin {
+
+namespace {
+
+/// A machine without a session has no runtime folder, and a program without a screen needs none.
+void tellWarning(QtMsgType, const QMessageLogContext&, const QString& message)
+{
+    if (!message.contains("XDG_RUNTIME_DIR"))
+        std::fprintf(stderr, "%s\n", qPrintable(message));
+}
+
+} // namespace
 
 std::string Application::Version()
 {
@@ -23,6 +35,7 @@ struct ScreenlessToolkit::Impl {
 
 ScreenlessToolkit::ScreenlessToolkit(int& argc, char** argv)
 {
+    qInstallMessageHandler(tellWarning);
     qputenv("QT_QPA_PLATFORM", "offscreen");
     impl_ = new Impl(argc, argv);
     registerArt();

@@ -71,6 +71,12 @@ struct Picture::Pixels {
         return image;
     }
 
+    void stopPainting()
+    {
+        if (painter.isActive())
+            painter.end();
+    }
+
     bool isUntouched() const { return image.isNull(); }
 
     int width;
@@ -188,7 +194,7 @@ void RGBSurface::SetPixel(std::int64_t x, std::int64_t y, Color color)
     auto& pixels = *picture_.pixels_;
     if (x < 0 || y < 0 || x >= pixels.width || y >= pixels.height)
         return;
-    pixels.painter.end();
+    pixels.stopPainting();
     pixels.changed();
     pixels.made().setPixelColor(static_cast<int>(x), static_cast<int>(y),
                                 QColor(color.red, color.green, color.blue, 255 - color.transparency));
@@ -250,7 +256,7 @@ void Picture::Save(const Ref<FolderItem>& file, PictureFormat format, int qualit
 const QImage& QtBridge::image(const Picture& picture)
 {
     auto& pixels = *picture.pixels_;
-    pixels.painter.end();
+    pixels.stopPainting();
     return pixels.made();
 }
 

@@ -1,0 +1,17 @@
+#pragma once
+
+#include "batch/CommandLine.h"
+
+#include <string>
+#include <vector>
+
+namespace quorrin {
+
+/// The names of the files that a request writes for one map.
+std::vector<std::string> outputNames(const Request& request, const std::string& map);
+
+/// Works on one map as a freshly started program would that opens it, and puts the results in the request's folder,
+/// all of them or none. Raises std::exception with a sentence for the person.
+void runJob(const Request& request, const std::string& map);
+
+} // namespace quorrin
