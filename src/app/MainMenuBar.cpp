@@ -106,8 +106,8 @@ void Window1::AddMenuHandlers()
 /// Two commands stand enabled on their own tab only; the command for the current layer has no such rule.
 void Window1::Event_EnableMenuItems()
 {
-    MenuBar->Find("mnuClearAllWalls")->Enabled = TabPanel1.Value == 2;
-    MenuBar->Find("mnuClearAllObjects")->Enabled = TabPanel1.Value == 3;
+    MenuBar->Find("mnuClearAllWalls")->Enabled = TabPanel1.Value == WallTool;
+    MenuBar->Find("mnuClearAllObjects")->Enabled = TabPanel1.Value == ObjectTool;
 }
 
 } // namespace quorrin

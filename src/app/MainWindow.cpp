@@ -54,6 +54,7 @@ Window1::Window1() : Window(Kind::Main, "Quorrin Map Maker", 1104, 796)
 {
     theWindow = this;
     nameControls(*this);
+    Canvas1.DescribePlace = [this](int x, int y) { return DescribeSquare(x, y); };
     btnMaze.Enabled = false;
     MenuBar = makeMainMenuBar();
     AddMenuHandlers();

@@ -34,6 +34,8 @@ public:
     Layer mySquaresTop;
     Array<Ref<cCharacter>, characters> myCharacters;
     Ref<cScript> myScript;
+    /// The layer on which objects are drawn: the one that pmObjectLayer shows.
+    Layer& DrawingLayer() { return pmObjectLayer.ListIndex == 0 ? mySquares : mySquaresTop; }
     /// The free drawing, nil for none.
     Ref<Picture> UserPicture;
     /// The page as it was last composed.
@@ -89,6 +91,8 @@ public:
 
     // --- The tool panels (src/edit) ----------------------------------------------------------------------------
 
+    /// The tabs are the tools: the one that shows says what a click on the map does.
+    enum Tool { BackgroundTool, GridTool, WallTool, ObjectTool, MarkerTool };
     void TabPanel1_Change();
 
     void pmLandscape_Change();
@@ -151,8 +155,12 @@ public:
     void Canvas1_MouseUp(int x, int y);
     bool Canvas1_ConstructContextualMenu(MenuItem& base, int x, int y);
     bool Canvas1_ContextualMenuAction(const MenuItem& chosen);
+    /// What a screen reader says of a place on the map: the square and all that lies on it; empty beside the squares.
+    std::string DescribeSquare(int x, int y);
     /// Fills a menu with the objects in their groups; each tag is the prefix and the object's number.
     void ShowObjectPopupMenu(MenuItem& base, const std::string& prefix);
+    /// The same with the markers.
+    void ShowMarkerPopupMenu(MenuItem& base, const std::string& prefix);
 
     // --- Commands on many squares (src/edit) -------------------------------------------------------------------
 

@@ -25,6 +25,16 @@ MessageDialog::Answer MessageDialog::ShowModal() const
     return platform().Ask(*this);
 }
 
+bool Confirmed(const std::string& message, const std::string& action)
+{
+    MessageDialog question;
+    question.Icon = MessageDialog::QuestionIcon;
+    question.Message = message;
+    question.ActionButton = {action, true};
+    question.CancelButton = {"Cancel", true};
+    return question.ShowModal() == MessageDialog::Answer::Action;
+}
+
 bool PrinterSetup::PageSetupDialog()
 {
     return platform().PageSetupDialog(*this);

@@ -32,6 +32,9 @@ struct MessageDialog {
     Answer ShowModal() const;
 };
 
+/// Asks a question with this action button and "Cancel"; true when the person chose the action.
+bool Confirmed(const std::string& message, const std::string& action);
+
 /// The page setup: an opaque text that the platform's page-setup dialog makes and understands; empty is its default.
 struct PrinterSetup {
     std::string SetupString;

@@ -1,5 +1,7 @@
 #include "toolkit/Random.h"
 
+#include "toolkit/Errors.h"
+
 namespace quorrin {
 
 namespace {
@@ -23,6 +25,9 @@ void Random::RandomizeSeed()
 
 std::int64_t Random::InRange(std::int64_t lowest, std::int64_t highest)
 {
+    if (highest < lowest)
+        throw RuntimeException("There is no number from " + std::to_string(lowest) + " to " + std::to_string(highest)
+                               + ".");
     return std::uniform_int_distribution<std::int64_t>(lowest, highest)(engine_);
 }
 

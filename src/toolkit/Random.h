@@ -11,7 +11,7 @@ public:
     Random();
     /// Starts again from a seed that nobody chose.
     void RandomizeSeed();
-    /// A number from `lowest` to `highest`, both included.
+    /// A number from `lowest` to `highest`, both included. Raises RuntimeException when there is none.
     std::int64_t InRange(std::int64_t lowest, std::int64_t highest);
 
     /// From now on all generators of the program follow from this seed.

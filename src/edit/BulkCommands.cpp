@@ -1,0 +1,70 @@
+#include "document/Window1.h"
+#include "toolkit/Platform.h"
+
+// Commands on many squares at once. Clearing also reaches the squares that the orientation hides, filling does not.
+
+namespace quorrin {
+
+namespace {
+
+template <typename Edit>
+void forEachSquare(const Window1::Layer& squares, Edit edit)
+{
+    for (int i = 1; i <= Window1::columns; ++i)
+        for (int j = 1; j <= Window1::rows; ++j)
+            edit(*squares(i, j));
+}
+
+void clearObject(cSquare& square)
+{
+    square.thisObject = 0;
+}
+
+} // namespace
+
+bool Window1::_mnuClearAllObjects_Action()
+{
+    if (!Confirmed("Clear All Objects? This cannot be undone.", "Clear All Objects"))
+        return true;
+    forEachSquare(mySquares, clearObject);
+    forEachSquare(mySquaresTop, clearObject);
+    RenderMap(true);
+    isDirty = true;
+    return true;
+}
+
+bool Window1::_mnuClearObjectCurLayer_Action()
+{
+    const auto question = pmObjectLayer.ListIndex == 0 ? "Clear all bottom layer objects? This cannot be undone."
+                                                       : "Clear all top layer objects? This cannot be undone.";
+    if (!Confirmed(question, "Clear Objects"))
+        return true;
+    forEachSquare(DrawingLayer(), clearObject);
+    RenderMap(true);
+    isDirty = true;
+    return true;
+}
+
+bool Window1::_mnuClearAllWalls_Action()
+{
+    // The question mark is missing on purpose.
+    if (!Confirmed("Clear All Walls This cannot be undone.", "Clear All Walls"))
+        return true;
+    forEachSquare(mySquares, [](cSquare& square) { square.Wall = New<cWall>(); });
+    RenderMap(true);
+    isDirty = true;
+    return true;
+}
+
+/// "Set All Blank Squares": fills, in spite of its name.
+void Window1::btnClearAllSquares_Action()
+{
+    forEachSquare(DrawingLayer(), [this](cSquare& square) {
+        if (square.Visible && square.thisObject == 0)
+            square.thisObject = pmObjects.ListIndex;
+    });
+    RenderMap(true);
+    isDirty = true;
+}
+
+} // namespace quorrin

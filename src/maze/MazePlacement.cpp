@@ -1,0 +1,121 @@
+#include "document/Window1.h"
+#include "maze/mMaze.h"
+#include "toolkit/Platform.h"
+
+// Lays a maze on the map. The two kinds read the grid differently, and neither treats the sides of the page alike: all
+// of that is on purpose.
+
+namespace quorrin {
+
+namespace {
+
+struct Stamp {
+    int column;
+    int row;
+};
+
+/// How an object maze, carved one row and one column too small, is stretched over the page: one row is doubled, then
+/// one column, and the frame that this broke is stamped shut.
+struct Stretch {
+    int width;
+    int height;
+    int doubledRow;
+    int columnsOfRows;
+    Stamp rowStamps[2];
+    int doubledColumn;
+    int rowsOfColumns;
+    Stamp columnStamps[2];
+};
+constexpr Stretch landscapeStretch{11, 7, 6, 11, {{1, 6}, {12, 6}}, 8, 8, {{8, 1}, {8, 8}}};
+constexpr Stretch portraitStretch{7, 11, 8, 8, {{1, 7}, {8, 7}}, 6, 12, {{5, 1}, {5, 12}}};
+
+void layObjects(const Window1::Layer& squares, std::int64_t object)
+{
+    for (int x = 1; x <= mMaze::MAZE_X; ++x)
+        for (int y = 1; y <= mMaze::MAZE_Y; ++y)
+            squares(x, y)->thisObject = mMaze::blnMaze(x, y) ? 0 : object;
+}
+
+void stretch(const Window1::Layer& squares, const Stretch& how, std::int64_t object)
+{
+    for (int y = how.height; y >= how.doubledRow; --y)
+        for (int x = 1; x <= how.columnsOfRows; ++x)
+            squares(x, y + 1)->thisObject = squares(x, y)->thisObject;
+    for (const auto& [column, row] : how.rowStamps)
+        squares(column, row)->thisObject = object;
+    for (int x = how.width; x >= how.doubledColumn; --x)
+        for (int y = 1; y <= how.rowsOfColumns; ++y)
+            squares(x + 1, y)->thisObject = squares(x, y)->thisObject;
+    for (const auto& [column, row] : how.columnStamps)
+        squares(column, row)->thisObject = object;
+}
+
+/// The wall that a solid position of the grid stands for. Odd grid rows are the horizontal lines, even ones the
+/// vertical lines; column 1 stands outside the maze.
+void setWall(const Window1::Layer& squares, bool landscape, int gridColumn, int gridRow)
+{
+    const int row = (gridRow + 1) / 2;
+    const bool last = gridColumn == mMaze::MAZE_X;
+    cWall& wall = *squares(gridColumn, row)->Wall;
+    if (gridRow % 2 != 0) {
+        if (gridColumn != 1 && (landscape || !last))
+            wall.Top = true;
+    } else if (gridColumn == 1) {
+        wall.Right = true;
+        wall.Top = false;
+    } else if (landscape && last) {
+        wall.Right = true;
+    } else {
+        wall.Left = true;
+        // Square column 9 is hidden in portrait, so the frame shows on the square before it.
+        if (last)
+            squares(gridColumn - 1, row)->Wall->Right = true;
+    }
+}
+
+/// One answer serves both kinds of maze, until the map is made anew.
+bool mayMakeMaze(bool& didPrompt, const std::string& question)
+{
+    if (!didPrompt)
+        didPrompt = Confirmed(question, "Create Maze");
+    return didPrompt;
+}
+
+} // namespace
+
+void Window1::btnMaze_Action()
+{
+    if (!mayMakeMaze(didMazePrompt,
+                     "Generating a maze will change all objects on this layer. Do you want to create a maze?"))
+        return;
+    const Stretch& how = pmLandscape.ListIndex == 0 ? landscapeStretch : portraitStretch;
+    mMaze::CreateMaze(how.width, how.height, true);
+    layObjects(DrawingLayer(), pmObjects.ListIndex);
+    // Always the bottom layer, also when the maze was laid on the top one.
+    stretch(mySquares, how, pmObjects.ListIndex);
+    RenderMap(true);
+    isDirty = true;
+}
+
+void Window1::btnWallMaze_Action()
+{
+    if (!mayMakeMaze(didMazePrompt,
+                     "Generating a maze will change all walls on this layer. Do you want to create a maze?"))
+        return;
+    for (int i = 1; i <= columns; ++i)
+        for (int j = 1; j <= rows; ++j)
+            mySquares(i, j)->Wall = New<cWall>();
+    const bool landscape = pmLandscape.ListIndex == 0;
+    if (landscape)
+        mMaze::CreateMaze(11, 15, true);
+    else
+        mMaze::CreateMaze(9, 23, true);
+    for (int y = 1; y <= mMaze::MAZE_Y; ++y)
+        for (int x = 1; x <= mMaze::MAZE_X; ++x)
+            if (!mMaze::blnMaze(x, y))
+                setWall(mySquares, landscape, x, y);
+    RenderMap(true);
+    isDirty = true;
+}
+
+} // namespace quorrin
