@@ -175,7 +175,7 @@ public:
     bool cvCharacters_MouseDown(int x, int y);
     void cvCharacters_MouseUp(int x, int y);
     void btnSaveCharacters_Action();
-    void btnPrintCharacters_Action();
+    void btnPrintCharacters_Action(); // src/output
 
     // --- Output (src/output) -----------------------------------------------------------------------------------
 

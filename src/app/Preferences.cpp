@@ -1,0 +1,46 @@
+#include "app/App.h"
+#include "app/Module1.h"
+#include "app/iniClass.h"
+#include "toolkit/Platform.h"
+#include "toolkit/Text.h"
+
+namespace quorrin {
+
+namespace {
+
+constexpr auto folderName = "ZVKQuorrinMapMaker";
+constexpr auto fileName = "QuorrinMapMaker.ini";
+
+// The one setting: the text of the page setup, in base-64 on a single line.
+constexpr auto pageSetupSection = "PageSetup";
+constexpr auto pageSetupKey = "Settings";
+constexpr std::size_t base64Line = 76;
+
+} // namespace
+
+void App::SetupPreferences()
+{
+    const auto folder = SpecialFolder::ApplicationData()->Child(folderName);
+    folder->CreateAsFolder();
+    Module1::myINI = New<iniClass>(folder->Child(fileName));
+    std::string value;
+    if (Module1::myINI->GetPreference(pageSetupSection, pageSetupKey, value) > 0)
+        Module1::myPrinterSetup = New<PrinterSetup>(PrinterSetup{DecodeBase64(value)});
+}
+
+/// The dialog works on a copy, so that a cancelled one changes nothing; but from then on there is a setup.
+void Module1::ShowPageSetup()
+{
+    PrinterSetup setup;
+    if (myPrinterSetup)
+        setup.SetupString = myPrinterSetup->SetupString;
+    else
+        myPrinterSetup = New<PrinterSetup>();
+    if (!setup.PageSetupDialog())
+        return;
+    myPrinterSetup->SetupString = setup.SetupString;
+    const auto lines = EncodeBase64(setup.SetupString, base64Line);
+    myINI->SetPreference(pageSetupSection, pageSetupKey, ReplaceAll(ReplaceAll(lines, "\n", ""), "\r", ""));
+}
+
+} // namespace quorrin

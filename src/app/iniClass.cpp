@@ -1,0 +1,89 @@
+#include "app/iniClass.h"
+
+#include "toolkit/Text.h"
+
+#include <string_view>
+
+namespace quorrin {
+
+namespace {
+
+constexpr char lineEnd = '\r';
+
+/// A text cut in two behind the first occurrence of a mark; the second part is empty when there is none.
+struct Cut {
+    std::string_view before;
+    std::string_view after;
+};
+Cut cutBehind(std::string_view text, std::string_view mark)
+{
+    const auto found = text.find(mark);
+    const auto end = found == text.npos ? text.size() : found + mark.size();
+    return {text.substr(0, end), text.substr(end)};
+}
+
+/// The text of a file with the value put in.
+std::string withValue(std::string_view text, const std::string& section, const std::string& key,
+                      const std::string& value)
+{
+    const auto header = "[" + section + "]";
+    const auto assignment = key + "=";
+    const auto line = value + lineEnd;
+    const auto found = text.find(header);
+    if (found == text.npos)
+        return std::string(text) + header + lineEnd + assignment + line;
+
+    const auto [sectionLine, rest] = cutBehind(text.substr(found), {&lineEnd, 1});
+    const auto next = rest.find(std::string(1, lineEnd) + "[");
+    const auto lines = next == rest.npos ? rest : rest.substr(0, next + 1);
+    auto result = std::string(text.substr(0, found)).append(sectionLine);
+    if (lines.find(assignment) == lines.npos) {
+        result.append(lines).append(assignment).append(line);
+    } else {
+        const auto [upToValue, fromValue] = cutBehind(lines, assignment);
+        result.append(upToValue).append(line).append(cutBehind(fromValue, {&lineEnd, 1}).after);
+    }
+    return result.append(rest.substr(lines.size()));
+}
+
+} // namespace
+
+/// The search for the key goes on to the end of the file, beyond the section.
+std::int64_t iniClass::GetPreference(const std::string& section, const std::string& key, std::string& value) const
+{
+    value.clear();
+    const auto stream = TextInputStream::Open(iniFileName);
+    if (!stream)
+        return 0;
+    const auto text = stream->ReadAll();
+    const auto header = text.find("[" + section + "]" + lineEnd);
+    if (header == text.npos)
+        return 0;
+    const auto found = text.find(key + "=", header + 1);
+    if (found == text.npos)
+        return 0;
+    const auto end = text.find(lineEnd, found + 1);
+    // A last line that was never ended counts as empty.
+    if (end == text.npos)
+        return 0;
+    value = cutBehind(std::string_view(text).substr(found, end - found), "=").after;
+    return Len(value);
+}
+
+/// The stream replaces the file as a whole, so the old one is there until the new one is.
+void iniClass::SetPreference(const std::string& section, const std::string& key, const std::string& value) const
+{
+    std::string text;
+    if (iniFileName->Exists()) {
+        const auto old = TextInputStream::Open(iniFileName);
+        if (!old)
+            return;
+        text = old->ReadAll();
+    }
+    if (const auto stream = TextOutputStream::Create(iniFileName)) {
+        stream->Write(withValue(text, section, key, value));
+        stream->Close();
+    }
+}
+
+} // namespace quorrin

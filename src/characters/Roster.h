@@ -1,0 +1,21 @@
+#pragma once
+
+#include <cstdint>
+
+namespace quorrin {
+
+class Graphics;
+class Window1;
+
+/// The size of a token on the sheet.
+inline constexpr std::int64_t tokenWidth = 60;
+inline constexpr std::int64_t tokenHeight = 270;
+
+/// The number of the token, 1 to 20, that a click at x, y of the roster opens; 0 for none. The regions are looser than
+/// the tokens that one sees: the margins above and below count, and a column is a pixel wider.
+std::int64_t tokenAt(int x, int y);
+
+/// Draws the twenty tokens in their two rows, on the screen, on paper and into a file alike.
+void drawRoster(const Window1& window, Graphics& g);
+
+} // namespace quorrin

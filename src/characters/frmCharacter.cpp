@@ -1,0 +1,102 @@
+#include "characters/frmCharacter.h"
+
+#include "app/Module1.h"
+#include "document/FileTypes1.h"
+#include "document/Window1.h"
+#include "toolkit/Numbers.h"
+#include "toolkit/Platform.h"
+#include "toolkit/Text.h"
+
+#include <algorithm>
+
+namespace quorrin {
+
+using Module1::useThisCharacter;
+
+namespace {
+
+constexpr std::int64_t highestNumber = 99;
+/// The colour mode of pictures that come from the catalogue.
+constexpr std::int64_t colorSolid = 1;
+
+} // namespace
+
+frmCharacter::frmCharacter() : Window(Kind::Modal, "Character", 267, 344)
+{
+    Canvas1.AccessibleName = "Token";
+    Canvas2.AccessibleName = "Picture of the token";
+    TextField1.AccessibleName = "Number";
+}
+
+void frmCharacter::Event_Open()
+{
+    if (useThisCharacter->Number >= 1)
+        TextField1.Text = Str(useThisCharacter->Number);
+}
+
+void frmCharacter::Canvas1_Paint(Graphics& g)
+{
+    useThisCharacter->DrawCharacter(g);
+}
+
+void frmCharacter::Canvas2_Paint(Graphics& g)
+{
+    g.ForeColor = white;
+    g.FillRect(0, 0, g.Width(), g.Height());
+    const auto figure = useThisCharacter->SizeIcon();
+    g.DrawPicture(figure, (g.Width() - static_cast<double>(figure->Width())) / 2,
+                  (g.Height() - static_cast<double>(figure->Height())) / 2);
+    g.ForeColor = black;
+    g.DrawRect(0, 0, g.Width(), g.Height());
+}
+
+void frmCharacter::PushButton1_Action()
+{
+    if (const auto file = GetOpenFolderItem({FileTypes1::AllImages})) {
+        useThisCharacter->Icon = Picture::Open(file);
+        // After a failure IconData keeps the earlier picture, though none shows: saving and reopening brings it back.
+        if (useThisCharacter->Icon)
+            useThisCharacter->IconData = TextInputStream::Open(file)->ReadAll();
+        else
+            MsgBox("Error Opening Picture.");
+    }
+    Canvas2.Refresh(true);
+    Canvas1.Refresh(true);
+}
+
+bool frmCharacter::BevelButton1_MouseDown(int, int)
+{
+    auto& main = Window1::Shared();
+    MenuItem base;
+    main.ShowObjectPopupMenu(base, "");
+    if (const auto chosen = platform().PopUp(base)) {
+        const auto object = Int(Val(chosen->Tag));
+        useThisCharacter->Icon = main.DrawObject(object, colorSolid);
+        useThisCharacter->IconData = Str(-object);
+        Canvas1.Refresh(true);
+        Canvas2.Refresh(true);
+    }
+    return false;
+}
+
+void frmCharacter::PushButton2_Action()
+{
+    useThisCharacter->Icon = nullptr;
+    useThisCharacter->IconData.clear();
+    Canvas1.Refresh(true);
+    Canvas2.Refresh(true);
+}
+
+/// The field keeps what was typed, whatever number comes of it.
+void frmCharacter::TextField1_TextChange()
+{
+    useThisCharacter->Number = std::clamp<std::int64_t>(Int(Val(TextField1.Text.get())), 0, highestNumber);
+    Canvas1.Refresh(true);
+}
+
+void frmCharacter::PushButton3_Action()
+{
+    Close();
+}
+
+} // namespace quorrin

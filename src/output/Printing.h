@@ -1,0 +1,28 @@
+#pragma once
+
+#include "toolkit/Text.h"
+
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace quorrin {
+
+/// Whether a picture goes on a page as it is, rather than turned by a quarter. All three in points; `width` is that
+/// of the picture in question.
+bool staysUpright(double pageWidth, double pageHeight, double width);
+
+/// A piece of the script that is drawn at once, each of its lines followed by a carriage return.
+struct ScriptPage {
+    std::string text;
+    /// Whether a new page begins before it.
+    bool afterNextPage = false;
+
+    friend bool operator==(const ScriptPage&, const ScriptPage&) = default;
+};
+
+/// Divides a script into pages of at most `limit` in height. `height` measures a text as it will be wrapped.
+std::vector<ScriptPage> scriptPages(const TextList& lines, double limit,
+                                    const std::function<double(const std::string&)>& height);
+
+} // namespace quorrin

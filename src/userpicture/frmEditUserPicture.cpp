@@ -1,0 +1,204 @@
+#include "userpicture/frmEditUserPicture.h"
+
+#include "app/Module1.h"
+#include "document/FileTypes1.h"
+#include "toolkit/Platform.h"
+
+namespace quorrin {
+
+namespace {
+
+// The tip of the pencil in its picture.
+constexpr int pencilTipX = 0;
+constexpr int pencilTipY = 31;
+
+Ref<MenuBar> makeMenuBar()
+{
+    using Standard = MenuItem::Standard;
+    const auto bar = New<MenuBar>();
+    const auto addMenu = [&](const char* name, const char* text) {
+        auto menu = New<MenuItem>(text);
+        menu->Name = name;
+        bar->Append(menu);
+        return menu;
+    };
+    const auto add = [](const Ref<MenuItem>& menu, const char* name, const char* text, const char* shortcut = "",
+                        Standard standard = Standard::None) {
+        auto item = New<MenuItem>(text);
+        item->Name = name;
+        item->KeyboardShortcut = shortcut;
+        item->standard = standard;
+        menu->Append(item);
+    };
+    const auto file = addMenu("FileMenu", "&File");
+    add(file, "mnuOpenUserPicture", "Open Picture", "Cmd+O");
+    const auto edit = addMenu("EditMenu", "&Edit");
+    add(edit, "mnUPEditUndo", "&Undo", "Cmd+Z");
+    add(edit, "mnuClearDrawing", "Clear User Picture");
+    add(edit, "EditSeparator1", "-");
+    add(edit, "EditCut", "Cu&t", "Cmd+X", Standard::Cut);
+    add(edit, "EditCopy", "&Copy", "Cmd+C", Standard::Copy);
+    add(edit, "EditPaste", "&Paste", "Cmd+V", Standard::Paste);
+    add(edit, "EditClear", "&Delete", "", Standard::Delete);
+    add(edit, "EditSeparator2", "-");
+    add(edit, "EditSelectAll", "Select &All", "Cmd+A", Standard::SelectAll);
+    return bar;
+}
+
+} // namespace
+
+Ref<Picture> copyOf(const Ref<Picture>& source)
+{
+    auto copy = New<Picture>(source->Width(), source->Height());
+    copy->Graphics().DrawPicture(source, 0, 0);
+    return copy;
+}
+
+frmEditUserPicture::frmEditUserPicture() : Window(Kind::Modal, "Edit User Picture", 1100, 796)
+{
+    Canvas1.MouseCursor = {Picture::OpenFromApp("curPencil"), pencilTipX, pencilTipY};
+    Canvas1.AccessibleName = "Drawing";
+    PopupMenu1.AccessibleName = "Color";
+    PopupMenu2.AccessibleName = "Pen width";
+    MenuBar = makeMenuBar();
+    const auto add = [this](const char* name, bool (frmEditUserPicture::*action)()) {
+        AddMenuHandler(name, [this, action] { return (this->*action)(); });
+    };
+    add("mnuOpenUserPicture", &frmEditUserPicture::_mnuOpenUserPicture_Action);
+    add("mnUPEditUndo", &frmEditUserPicture::_mnUPEditUndo_Action);
+    add("mnuClearDrawing", &frmEditUserPicture::_mnuClearDrawing_Action);
+    // No item of this bar bears the name; the handler waits for one.
+    add("mnuSavePicture", &frmEditUserPicture::_mnuSavePicture_Action);
+}
+
+void frmEditUserPicture::Event_Open()
+{
+    myImage = copyOf(Module1::gPicture);
+    Canvas1.Width = static_cast<int>(myImage->Width());
+    Canvas1.Height = static_cast<int>(myImage->Height());
+    ox = -1;
+    oy = -1;
+}
+
+void frmEditUserPicture::Event_EnableMenuItems()
+{
+    MenuBar->Find("mnUPEditUndo")->Enabled = static_cast<bool>(pUndo);
+    MenuBar->Find("mnuClearDrawing")->Enabled = static_cast<bool>(myImage);
+}
+
+/// Sets the menu bar anew, so that it shows once the window stands.
+void frmEditUserPicture::Timer1_Action()
+{
+    const auto bar = MenuBar;
+    MenuBar = bar;
+    if (View)
+        View->Sync();
+}
+
+void frmEditUserPicture::Canvas1_Paint(Graphics& g)
+{
+    const auto& size = Module1::gPicture;
+    const auto buffer = size ? New<Picture>(size->Width(), size->Height())
+                             : New<Picture>(static_cast<int>(g.Width()), static_cast<int>(g.Height()));
+    auto& drawing = buffer->Graphics();
+    if (Module1::pMain)
+        drawing.DrawPicture(Module1::pMain, 0, 0);
+    if (myImage)
+        drawing.DrawPicture(myImage, 0, 0);
+    drawing.ForeColor = black;
+    drawing.DrawRect(0, 0, g.Width(), g.Height());
+    g.DrawPicture(buffer, 0, 0);
+}
+
+bool frmEditUserPicture::Canvas1_MouseDown(int x, int y)
+{
+    ox = fx = x;
+    oy = fy = y;
+    lineDirection = -1;
+    pUndo = copyOf(myImage);
+    return true;
+}
+
+/// A constrained line always starts where the stroke began, and the keys are asked again at each step.
+void frmEditUserPicture::Canvas1_MouseDrag(int x, int y)
+{
+    auto& g = myImage->Graphics();
+    g.AntiAlias = false; // or white would leave grey edges where it erases
+    g.ForeColor = PopupMenu1.ListIndex == 0 ? black : white;
+    g.PenWidth = g.PenHeight = static_cast<double>(PopupMenu2.ListIndex + 1);
+    const auto line = [&g](std::int64_t x1, std::int64_t y1, std::int64_t x2, std::int64_t y2) {
+        g.DrawLine(static_cast<double>(x1), static_cast<double>(y1), static_cast<double>(x2), static_cast<double>(y2));
+    };
+    if (Keyboard::AsyncShiftKey())
+        line(fx, fy, x, fy);
+    else if (Keyboard::AsyncControlKey())
+        line(fx, fy, fx, y);
+    else
+        line(ox, oy, x, y);
+    ox = x;
+    oy = y;
+    Canvas1.Invalidate(false);
+}
+
+/// Takes the white out of the drawing, which makes white an eraser.
+void frmEditUserPicture::Canvas1_MouseUp(int, int)
+{
+    const auto flat = New<Picture>(myImage->Width(), myImage->Height(), 32);
+    flat->Graphics().DrawPicture(myImage, 0, 0);
+    flat->Transparent = 1;
+    myImage = copyOf(flat);
+    Canvas1.Invalidate(false);
+}
+
+/// Takes no step of undo.
+bool frmEditUserPicture::_mnuOpenUserPicture_Action()
+{
+    const auto file = GetOpenFolderItem({FileTypes1::Bmp, FileTypes1::Jpeg, FileTypes1::Png});
+    if (const auto picture = Picture::Open(file)) {
+        picture->Transparent = 1;
+        const auto clear = copyOf(picture);
+        const auto size = [](std::int64_t side) { return static_cast<double>(side); };
+        myImage->Graphics().DrawPicture(clear, 0, 0, size(myImage->Width()), size(myImage->Height()), 0, 0,
+                                        size(clear->Width()), size(clear->Height()));
+    }
+    Canvas1.Invalidate(true);
+    return true;
+}
+
+bool frmEditUserPicture::_mnUPEditUndo_Action()
+{
+    myImage = copyOf(pUndo);
+    pUndo = nullptr;
+    Canvas1.Invalidate(true);
+    return true;
+}
+
+bool frmEditUserPicture::_mnuClearDrawing_Action()
+{
+    pUndo = copyOf(myImage);
+    myImage = New<Picture>(pUndo->Width(), pUndo->Height());
+    Canvas1.Invalidate(true);
+    return true;
+}
+
+bool frmEditUserPicture::_mnuSavePicture_Action()
+{
+    const auto file = GetSaveFolderItem({}, "Quorrin Map.bmp");
+    if (file && myImage)
+        myImage->Save(file, PictureFormat::Default, 100);
+    return true;
+}
+
+void frmEditUserPicture::PushButton1_Action()
+{
+    Module1::gPicture = copyOf(myImage);
+    Close();
+}
+
+void frmEditUserPicture::PushButton2_Action()
+{
+    Module1::gPicture = nullptr;
+    Close();
+}
+
+} // namespace quorrin

@@ -1,0 +1,66 @@
+#pragma once
+
+#include "toolkit/Window.h"
+
+#include <cstdint>
+
+namespace quorrin {
+
+/// The editor of the free drawing over the map. It takes the drawing from Module1::gPicture and gives it back there,
+/// nil after a cancel; Module1::pMain shows under it.
+class frmEditUserPicture : public Window {
+public:
+    frmEditUserPicture();
+
+    /// The drawing; what is clear lets the map show through.
+    Ref<Picture> myImage;
+    /// The last place of the mouse in a stroke, -1 before the first.
+    std::int64_t ox = -1;
+    std::int64_t oy = -1;
+    /// Set at each press and read nowhere: the direction of a line is asked of the keyboard all along it.
+    std::int64_t lineDirection = -1;
+    /// Where the stroke began.
+    std::int64_t fx = 0;
+    std::int64_t fy = 0;
+    /// The one step of undo, nil for none.
+    Ref<Picture> pUndo;
+
+    void Event_Open() override;
+    void Event_EnableMenuItems() override;
+    void Timer1_Action();
+    void Canvas1_Paint(Graphics& g);
+    bool Canvas1_MouseDown(int x, int y);
+    void Canvas1_MouseDrag(int x, int y);
+    void Canvas1_MouseUp(int x, int y);
+    bool _mnuOpenUserPicture_Action();
+    bool _mnUPEditUndo_Action();
+    bool _mnuClearDrawing_Action();
+    bool _mnuSavePicture_Action();
+    void PushButton1_Action();
+    void PushButton2_Action();
+
+    /// Takes the size of the drawing when the window opens.
+    Canvas Canvas1{surface(),
+                   {324, 20, 756, 576},
+                   MouseHandlers<frmEditUserPicture>{.Paint = &frmEditUserPicture::Canvas1_Paint,
+                                                     .MouseDown = &frmEditUserPicture::Canvas1_MouseDown,
+                                                     .MouseDrag = &frmEditUserPicture::Canvas1_MouseDrag,
+                                                     .MouseUp = &frmEditUserPicture::Canvas1_MouseUp}};
+    TabPanel TabPanel1{surface(), {20, 20, 292, 756}, {"Drawing"}};
+    const Place penTab = TabPanel1.Page(0);
+    Label Label1{penTab, {33, 59, 80, 20}, "Color"};
+    PopupMenu PopupMenu1{penTab, {125, 58, 167, 22}, {"Black", "White"}};
+    Label Label2{penTab, {33, 93, 80, 20}, "Pen Width"};
+    PopupMenu PopupMenu2{penTab, {125, 92, 167, 22}, {"1", "2", "3", "4", "5"}};
+    PushButton PushButton2{
+        penTab, {33, 734, 80, 22}, "Cancel", &frmEditUserPicture::PushButton2_Action, PushButton::Role::Cancel};
+    PushButton PushButton1{
+        penTab, {212, 734, 80, 22}, "Apply", &frmEditUserPicture::PushButton1_Action, PushButton::Role::Default};
+
+    Timer Timer1{this, 10, &frmEditUserPicture::Timer1_Action};
+};
+
+/// A new picture with an alpha channel, the source drawn on it.
+Ref<Picture> copyOf(const Ref<Picture>& source);
+
+} // namespace quorrin
