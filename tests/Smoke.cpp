@@ -1,6 +1,9 @@
-#include "app/App.h"
-#include "document/Window1.h"
-#include "toolkit/ScriptedPlatform.h"
-#include <gtest/gtest.h>
+#include "Fixture.h"
+
 using namespace quorrin;
-TEST(Smoke, Starts) { ScriptedPlatform p; App app; app.Event_Open(); Window1 w; w.Event_Open(); EXPECT_EQ(w.myCharacters(20)->Number, 0); EXPECT_GT(w.MapText().size(), 1000u); }
+
+TEST_F(Program, StartsWithABlankMap)
+{
+    EXPECT_EQ(window.myCharacters(20)->Number, 0);
+    EXPECT_GT(window.MapText().size(), 1000u);
+}
