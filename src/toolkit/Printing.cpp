@@ -1,0 +1,188 @@
+#include "toolkit/Printing.h"
+
+#include "toolkit/Errors.h"
+#include "toolkit/Platform.h"
+#include "toolkit/QtBridge.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QPageLayout>
+#include <QPagedPaintDevice>
+#include <QPainter>
+#include <QPdfWriter>
+#include <QSaveFile>
+
+#include <cmath>
+
+namespace quorrin {
+
+namespace {
+
+constexpr double pointsPerInch = 72;
+/// Below this no page setup that a person could mean leaves anything to print on.
+constexpr double smallestSide = 36;
+constexpr double largestSide = 14400;
+
+/// The pages of a printer or PDF; a unit is a point, the origin the corner of the printable area.
+class PageDevice : public GraphicsDevice {
+public:
+    explicit PageDevice(std::unique_ptr<QPagedPaintDevice> device)
+        : device_(std::move(device)), area_(device_->pageLayout().paintRect(QPageLayout::Point))
+    {
+        if (!painter_.begin(device_.get()))
+            throw IOException("The printer cannot be started.");
+        useUnits();
+    }
+    QPainter* painter() override { return painter_.isActive() ? &painter_ : nullptr; }
+    double width() const override { return area_.width(); }
+    double height() const override { return area_.height(); }
+    bool exactPixels() const override { return false; }
+    void nextPage() override
+    {
+        device_->newPage();
+        useUnits();
+    }
+
+protected:
+    void finish()
+    {
+        painter_.end();
+        device_.reset();
+    }
+
+private:
+    void useUnits()
+    {
+        painter_.resetTransform();
+        painter_.scale(device_->logicalDpiX() / pointsPerInch, device_->logicalDpiY() / pointsPerInch);
+    }
+
+    std::unique_ptr<QPagedPaintDevice> device_;
+    QRectF area_;
+    QPainter painter_;
+};
+
+using Failed = std::function<void(const std::string& fault)>;
+
+/// The same, over a file that is replaced at the end.
+class PdfDevice : public PageDevice {
+public:
+    PdfDevice(std::unique_ptr<QSaveFile> file, std::unique_ptr<QPagedPaintDevice> writer, Failed failed)
+        : PageDevice(std::move(writer)), file_(std::move(file)), failed_(std::move(failed))
+    {}
+    ~PdfDevice() override
+    {
+        finish();
+        if (!file_->commit() && failed_)
+            failed_("The file \"" + QFileInfo(file_->fileName()).fileName().toStdString()
+                    + "\" cannot be written: " + file_->errorString().toStdString());
+    }
+
+private:
+    std::unique_ptr<QSaveFile> file_;
+    Failed failed_;
+};
+
+// The setup text: "paper=A4;size=595x842;orientation=landscape;margins=28,28,28,28", sizes in points, margins from the
+// left clockwise. Whatever part is missing or makes no sense is left as the device has it.
+
+std::optional<QPageSize> knownPaper(const QString& key)
+{
+    for (int id = 0; id <= QPageSize::LastPageSize; ++id)
+        if (QPageSize::key(static_cast<QPageSize::PageSizeId>(id)) == key && !key.isEmpty())
+            return QPageSize(static_cast<QPageSize::PageSizeId>(id));
+    return {};
+}
+
+/// As many numbers as wanted, each within `least` to largestSide, or none.
+QList<double> numbers(const QString& text, QChar delimiter, int wanted, double least)
+{
+    QList<double> found;
+    for (const QString& part : text.split(delimiter)) {
+        bool isNumber = false;
+        const double number = part.toDouble(&isNumber);
+        if (!isNumber || !std::isfinite(number) || number < least || number > largestSide)
+            return {};
+        found.append(number);
+    }
+    return found.size() == wanted ? found : QList<double>();
+}
+
+QMap<QString, QString> parts(const std::string& setupString)
+{
+    QMap<QString, QString> found;
+    for (const QString& part : QString::fromStdString(setupString).split(';')) {
+        const auto equals = part.indexOf('=');
+        if (equals > 0)
+            found.insert(part.left(equals).trimmed(), part.mid(equals + 1).trimmed());
+    }
+    return found;
+}
+
+QPageLayout layoutOf(const PrinterSetup& setup, QPageLayout layout)
+{
+    const auto wanted = parts(setup.SetupString);
+    layout.setUnits(QPageLayout::Point);
+    const auto size = numbers(wanted["size"], 'x', 2, smallestSide);
+    if (const auto paper = knownPaper(wanted["paper"]))
+        layout.setPageSize(*paper);
+    else if (!size.isEmpty())
+        layout.setPageSize(QPageSize(QSizeF(size[0], size[1]), QPageSize::Point));
+    if (wanted["orientation"] == "landscape")
+        layout.setOrientation(QPageLayout::Landscape);
+    else if (wanted["orientation"] == "portrait")
+        layout.setOrientation(QPageLayout::Portrait);
+    const auto margins = numbers(wanted["margins"], ',', 4, 0);
+    const QSizeF page = layout.fullRect(QPageLayout::Point).size();
+    if (!margins.isEmpty() && margins[0] + margins[2] <= page.width() - smallestSide
+        && margins[1] + margins[3] <= page.height() - smallestSide)
+        layout.setMargins({margins[0], margins[1], margins[2], margins[3]});
+    return layout;
+}
+
+} // namespace
+
+std::unique_ptr<Graphics> QtBridge::graphics(std::unique_ptr<QPagedPaintDevice> device)
+{
+    return std::make_unique<Graphics>(std::make_unique<PageDevice>(std::move(device)));
+}
+
+void QtBridge::applySetup(const PrinterSetup& setup, QPagedPaintDevice& device)
+{
+    device.setPageLayout(layoutOf(setup, device.pageLayout()));
+}
+
+void QtBridge::readSetup(const QPagedPaintDevice& device, PrinterSetup& setup)
+{
+    const QPageLayout layout = device.pageLayout();
+    const QSizeF size = layout.pageSize().size(QPageSize::Point);
+    const QMarginsF margins = layout.margins(QPageLayout::Point);
+    setup.SetupString = QStringLiteral("paper=%1;size=%2x%3;orientation=%4;margins=%5,%6,%7,%8")
+                            .arg(layout.pageSize().key())
+                            .arg(size.width())
+                            .arg(size.height())
+                            .arg(layout.orientation() == QPageLayout::Landscape ? "landscape" : "portrait")
+                            .arg(margins.left())
+                            .arg(margins.top())
+                            .arg(margins.right())
+                            .arg(margins.bottom())
+                            .toStdString();
+}
+
+std::unique_ptr<Graphics> printToPdf(const std::string& path, const PrinterSetup& setup, int copies, Failed failed)
+{
+    auto file = std::make_unique<QSaveFile>(QFile::decodeName(QByteArray::fromStdString(path)));
+    if (!file->open(QIODevice::WriteOnly))
+        throw IOException("The file \"" + QFileInfo(file->fileName()).fileName().toStdString()
+                          + "\" cannot be created: " + file->errorString().toStdString());
+    auto writer = std::make_unique<QPdfWriter>(file.get());
+    writer->setCreator(QStringLiteral("Quorrin Map Maker"));
+    writer->setPageMargins({28, 28, 28, 28}, QPageLayout::Point);
+    QtBridge::applySetup(setup, *writer);
+    auto graphics =
+        std::make_unique<Graphics>(std::make_unique<PdfDevice>(std::move(file), std::move(writer), std::move(failed)));
+    graphics->Copies = std::max(1, copies);
+    return graphics;
+}
+
+} // namespace quorrin

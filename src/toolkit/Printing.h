@@ -1,0 +1,19 @@
+#pragma once
+
+#include "toolkit/Graphics.h"
+
+#include <functional>
+#include <memory>
+#include <string>
+
+namespace quorrin {
+
+struct PrinterSetup;
+
+/// Pages of a PDF file, in points of the printable size, with `copies` as its `Copies`. The file is replaced when the
+/// surface goes, and only when all of it is safely on disk; otherwise `failed` gets a sentence that tells why.
+/// Raises IOException when the file cannot be created. Needs no screen.
+std::unique_ptr<Graphics> printToPdf(const std::string& path, const PrinterSetup& setup, int copies,
+                                     std::function<void(const std::string& fault)> failed = {});
+
+} // namespace quorrin
