@@ -1,5 +1,6 @@
 #include "app/frmAbout.h"
 
+#include "render/Art.h"
 #include "toolkit/Application.h"
 
 namespace quorrin {
@@ -16,7 +17,7 @@ void frmAbout::Event_Open()
 
 void frmAbout::Canvas1_Paint(Graphics& g)
 {
-    g.DrawPicture(Picture::OpenFromApp("Icon128"), 0, 0);
+    g.DrawPicture(_x_Icon128(), 0, 0);
     g.ForeColor = black;
     g.DrawRect(0, 0, g.Width(), g.Height());
 }

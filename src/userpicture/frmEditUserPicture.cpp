@@ -2,15 +2,12 @@
 
 #include "app/Module1.h"
 #include "document/FileTypes1.h"
+#include "render/Art.h"
 #include "toolkit/Platform.h"
 
 namespace quorrin {
 
 namespace {
-
-// The tip of the pencil in its picture.
-constexpr int pencilTipX = 0;
-constexpr int pencilTipY = 31;
 
 Ref<MenuBar> makeMenuBar()
 {
@@ -56,7 +53,7 @@ Ref<Picture> copyOf(const Ref<Picture>& source)
 
 frmEditUserPicture::frmEditUserPicture() : Window(Kind::Modal, "Edit User Picture", 1100, 796)
 {
-    Canvas1.MouseCursor = {Picture::OpenFromApp("curPencil"), pencilTipX, pencilTipY};
+    Canvas1.MouseCursor = _x_curPencil();
     Canvas1.AccessibleName = "Drawing";
     PopupMenu1.AccessibleName = "Color";
     PopupMenu2.AccessibleName = "Pen width";
