@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/App.h"
+#include "app/Module1.h"
 #include "document/Window1.h"
 #include "toolkit/ScriptedPlatform.h"
 
@@ -8,6 +9,8 @@
 
 #include <cstdlib>
 #include <filesystem>
+#include <fstream>
+#include <sstream>
 #include <stdexcept>
 #include <string>
 
@@ -27,18 +30,48 @@ public:
         return quorrin::New<quorrin::FolderItem>(path + "/" + name);
     }
 
+    std::string operator/(const std::string& name) const { return path + "/" + name; }
+
     std::string path;
 };
+
+inline std::string contentOf(const std::string& path)
+{
+    std::ostringstream all;
+    all << std::ifstream(path, std::ios::binary).rdbuf();
+    return all.str();
+}
+
+inline void writeFile(const std::string& path, const std::string& content)
+{
+    std::ofstream(path, std::ios::binary) << content;
+}
 
 /// The program as it stands after its start, with nobody at it.
 class Program : public testing::Test {
 private:
     struct StartedApp : quorrin::App {
-        StartedApp() { Event_Open(); }
+        StartedApp()
+        {
+            quorrin::Module1::gOpenFile = nullptr;
+            quorrin::Module1::myPrinterSetup = nullptr;
+            Event_Open();
+        }
     };
 
 protected:
     Program() { window.Event_Open(); }
+
+    /// Opens a file of this content and tells the messages that were shown.
+    std::vector<std::string> open(const std::string& content)
+    {
+        writeFile(folder / "Map.qrnm", content);
+        person.messages.clear();
+        window.mOpen(folder.file("Map.qrnm"));
+        return person.messages;
+    }
+
+    quorrin::Color pixel(std::int64_t x, std::int64_t y) { return window.myImage->RGBSurface().Pixel(x, y); }
 
     TestFolder folder;
     quorrin::ScriptedPlatform person;

@@ -90,10 +90,10 @@ public:
 protected:
     Control(ControlKind kind, const Place& place, const Frame& frame, std::string caption);
     /// A handler of the window in which the control lies.
-    template <typename W, typename... A>
-    std::function<void(A...)> handler(void (W::*method)(A...))
+    template <typename W>
+    static std::function<void()> handler(const Place& place, void (W::*method)())
     {
-        return [window = place.window, method](A... arguments) { (static_cast<W*>(window)->*method)(arguments...); };
+        return [window = place.window, method] { (static_cast<W*>(window)->*method)(); };
     }
     std::function<void()> sync();
 
@@ -121,7 +121,7 @@ public:
     template <typename W>
     PushButton(const Place& place, const Frame& frame, std::string caption, void (W::*action)(),
                Role role = Role::Plain)
-        : Control(ControlKind::PushButton, place, frame, std::move(caption)), role(role), Action(handler(action))
+        : Control(ControlKind::PushButton, place, frame, std::move(caption)), role(role), Action(handler(place, action))
     {}
     /// Which keys press it: Return for Default, Escape for Cancel.
     const Role role;
@@ -137,7 +137,7 @@ public:
     template <typename W>
     BevelButton(const Place& place, const Frame& frame, std::string caption, void (W::*action)())
         : Control(ControlKind::BevelButton, place, frame, std::move(caption)), HasMenu(false), Value(false, changed()),
-          Action(handler(action))
+          Action(handler(place, action))
     {}
     /// A button with a menu arrow: `mouseDown` gets the place of the click and answers whether it wants the release.
     template <typename W>
@@ -162,7 +162,7 @@ class CheckBox : public Control {
 public:
     template <typename W>
     CheckBox(const Place& place, const Frame& frame, std::string caption, void (W::*action)(), bool value = false)
-        : Control(ControlKind::CheckBox, place, frame, std::move(caption)), Value(value, changed(handler(action)))
+        : Control(ControlKind::CheckBox, place, frame, std::move(caption)), Value(value, changed(handler(place, action)))
     {}
     Property<bool> Value;
 
@@ -175,7 +175,7 @@ class PopupMenu : public Control {
 public:
     template <typename W>
     PopupMenu(const Place& place, const Frame& frame, std::vector<std::string> rows, void (W::*change)())
-        : PopupMenu(place, frame, std::move(rows), handler(change))
+        : PopupMenu(place, frame, std::move(rows), handler(place, change))
     {}
     /// One that nothing happens to until its value is read.
     PopupMenu(const Place& place, const Frame& frame, std::vector<std::string> rows)
@@ -205,7 +205,7 @@ class TextField : public TextControl {
 public:
     template <typename W>
     TextField(const Place& place, const Frame& frame, void (W::*textChange)())
-        : TextControl(ControlKind::TextField, place, frame, handler(textChange))
+        : TextControl(ControlKind::TextField, place, frame, handler(place, textChange))
     {}
 };
 
@@ -213,7 +213,7 @@ class TextArea : public TextControl {
 public:
     template <typename W>
     TextArea(const Place& place, const Frame& frame, void (W::*textChange)())
-        : TextControl(ControlKind::TextArea, place, frame, handler(textChange))
+        : TextControl(ControlKind::TextArea, place, frame, handler(place, textChange))
     {}
 };
 
@@ -229,7 +229,7 @@ class TabPanel : public Control {
 public:
     template <typename W>
     TabPanel(const Place& place, const Frame& frame, std::vector<std::string> tabs, void (W::*change)())
-        : TabPanel(place, frame, std::move(tabs), handler(change))
+        : TabPanel(place, frame, std::move(tabs), handler(place, change))
     {}
     /// One whose tabs nobody watches.
     TabPanel(const Place& place, const Frame& frame, std::vector<std::string> tabs)

@@ -1,0 +1,244 @@
+#include "Fixture.h"
+#include "toolkit/Text.h"
+
+#include <vector>
+
+using namespace quorrin;
+
+namespace {
+
+const std::string S = "\xFE", I = "\xFC", G = "\xFB", F = "\xBB";
+const std::string readError = "Error opening file.";
+const std::string formError = "Error opening saved file.";
+
+std::string times(int count, const std::string& text)
+{
+    std::string all;
+    while (count-- > 0)
+        all += text;
+    return all;
+}
+
+/// The sections of a small map in which each value differs from what a blank map has.
+std::vector<std::string> sections()
+{
+    return {
+        "1" + F + "3" + F + "1" + F + F,
+        "4" + F + "1" + F,
+        "1,0,0,1,0,1,0,1,0,0,FF8000," + I + times(143, "0,0,0,0,0,0,0,0,0,0,0," + I),
+        "1" + G + "5,12,1,38,7," + I + times(143, "0,0,0,0,0," + I),
+        "1" + F + EncodeBase64("Orcs \xE2\x9A\x94", 76) + F + EncodeBase64("Enter.", 76) + F,
+        times(20, F),
+        "7" + F + I + times(19, "0" + F + I),
+        "1" + G + "0,0,1,38,7," + I + "2,37,1,38,69," + I + times(142, "0,0,0,0,0," + I),
+        "1" + F + G + "2" + F + G + "3" + F + G + "0" + F + G,
+    };
+}
+
+std::string joined(const std::vector<std::string>& parts, std::size_t count = 9)
+{
+    std::string text;
+    for (std::size_t n = 0; n < count; ++n)
+        text += parts[n] + S;
+    return text;
+}
+
+std::string with(std::size_t section, const std::string& content)
+{
+    auto parts = sections();
+    parts[section] = content;
+    return joined(parts);
+}
+
+std::string asUtf8(std::string text)
+{
+    for (const auto& [narrow, wide] : {std::pair{S, "\xC3\xBE"}, {I, "\xC3\xBC"}, {G, "\xC3\xBB"}, {F, "\xC2\xBB"}})
+        text = ReplaceAll(text, narrow, wide);
+    return text;
+}
+
+} // namespace
+
+class MapFile : public Program {};
+
+TEST_F(MapFile, ABlankMapHasTheDocumentedStartAndComesBackByteForByte)
+{
+    const auto blank = window.MapText();
+    EXPECT_TRUE(
+        blank.starts_with("0" + F + "0" + F + "0" + F + F + S + "0" + F + "0" + F + S + "0,0,0,0,0,0,0,0,0,0,0," + I));
+    EXPECT_NE(blank.find(S + "0" + G + "0,0,1,7,42," + I), blank.npos);
+    EXPECT_EQ(blank.find('\n'), blank.npos);
+    EXPECT_TRUE(open(blank).empty());
+    EXPECT_EQ(window.MapText(), blank);
+    EXPECT_FALSE(window.isDirty);
+    EXPECT_EQ(window.mySavedFileName, "Map");
+    EXPECT_EQ(window.Title.get(), "Quorrin Map Maker - Map");
+}
+
+TEST_F(MapFile, EverythingInAMapSurvivesAndTheTwoByteFormReadsAlike)
+{
+    window.pmLandscape.ListIndex = 1;
+    window.UserPicture = New<Picture>(576, 756);
+    window.UserPicture->Graphics().FillRect(10, 10, 30, 30);
+    auto& square = *window.mySquaresTop(3, 4);
+    square.thisObject = 42;
+    square.thisDM = -9;
+    square.x = -5;
+    window.mySquares(12, 12)->Wall =
+        New<cWall>(true, false, true, false, true, false, false, true, false, true, RGB(1, 2, 3));
+    window.txtGameText.Text = std::string(500, 'x') + "\r\n\xC3\xA4";
+    window.myCharacters(20)->IconData = "-37";
+    window.myCharacters(3)->Number = 99;
+    window.pmBorderRight.ListIndex = 3;
+    const auto text = window.MapText();
+
+    EXPECT_TRUE(open(text).empty());
+    EXPECT_EQ(window.MapText(), text);
+    EXPECT_EQ(window.UserPicture->Transparent, 1) << "the map shows through the drawing's white";
+    EXPECT_EQ(*window.mySquares(12, 12)->Wall, cWall("1,1,0,0,1,0,0,0,1,1,10203,"));
+
+    EXPECT_TRUE(open(asUtf8(text)).empty());
+    EXPECT_EQ(window.MapText(), text);
+    EXPECT_TRUE(open(ReplaceAll(text, "\r\n", "\n")).empty());
+    EXPECT_EQ(window.MapText(), text);
+}
+
+TEST_F(MapFile, EachValueGoesToItsPlace)
+{
+    EXPECT_TRUE(open(joined(sections())).empty());
+    EXPECT_EQ(window.pmLandscape.ListIndex, 1);
+    EXPECT_EQ(window.Canvas1.Height, 756);
+    EXPECT_EQ(window.pmBackground.ListIndex, 3);
+    EXPECT_TRUE(window.cbOverlayUserPict.Value);
+    EXPECT_EQ(window.pmGrid.ListIndex, 4);
+    EXPECT_TRUE(window.cbShowClickable.Value);
+    const cWall& wall = *window.mySquares(1, 1)->Wall;
+    EXPECT_TRUE(wall.Top && wall.Right && wall.BackSlash && wall.DoorLeft);
+    EXPECT_FALSE(wall.Left || wall.Bottom || wall.Slash || wall.DoorTop || wall.DoorBottom || wall.DoorRight);
+    EXPECT_EQ(wall.myColor, RGB(255, 128, 0));
+    EXPECT_EQ(window.pmColorBW.ListIndex, 1);
+    EXPECT_EQ(window.mySquares(1, 1)->thisDM, 5);
+    EXPECT_EQ(window.mySquares(1, 1)->thisObject, 12);
+    EXPECT_EQ(window.mySquaresTop(1, 2)->thisObject, 37) << "rows run fastest";
+    EXPECT_EQ(window.mySquaresTop(1, 2)->y, 69);
+    EXPECT_FALSE(window.mySquares(2, 2)->Visible);
+    EXPECT_EQ(window.txtMonster.Text.get(), "Orcs \xE2\x9A\x94");
+    EXPECT_EQ(window.myScript->GamtText, "Enter.");
+    EXPECT_EQ(window.myCharacters(1)->Number, 7);
+    EXPECT_EQ(window.pmBorderLeft.ListIndex, 3);
+}
+
+TEST_F(MapFile, OlderFormsReadAndKeepWhatTheyLack)
+{
+    window.pmBorderTop.ListIndex = 2;
+    window.txtMonster.Text = "before";
+    window.cbShowDMObjects.Value = false;
+    for (std::size_t count = 4; count <= 8; ++count) {
+        SCOPED_TRACE(count);
+        window.txtMonster.Text = "before";
+        window.cbShowDMObjects.Value = false;
+        EXPECT_TRUE(open(joined(sections(), count)).empty());
+        EXPECT_EQ(window.pmBorderTop.ListIndex, 2);
+        EXPECT_EQ(window.cbShowDMObjects.Value, count >= 5);
+        EXPECT_EQ(window.txtMonster.Text.get() == "before", count < 5);
+        EXPECT_EQ(window.myScript->GamtText, count >= 5 ? "Enter." : "");
+        EXPECT_EQ(window.myCharacters(1)->Number, count >= 7 ? 7 : 0);
+        EXPECT_EQ(window.mySquaresTop(1, 2)->thisObject, count >= 8 ? 37 : 0);
+    }
+    for (const std::size_t blank : {4, 5, 6, 7, 8})
+        EXPECT_TRUE(open(with(blank, "\r\n ")).empty()) << blank;
+    EXPECT_TRUE(open(with(0, "1" + F + "2")).empty()) << "no overlay flag, no picture";
+    EXPECT_TRUE(open(with(4, "2" + F)).empty()) << "no script fields";
+    EXPECT_FALSE(window.cbShowDMObjects.Value) << "on for exactly 1 alone";
+    EXPECT_TRUE(open(with(1, "0" + F + "-7")).empty());
+    EXPECT_TRUE(window.cbShowClickable.Value) << "on for anything but 0";
+}
+
+TEST(WallText, OlderFormsAndExactFlags)
+{
+    const std::pair<const char*, cWall> cases[] = {
+        {"", cWall()},
+        {"1,1,1,1", cWall()},
+        {"1,0,2,1,0,-1,", cWall(true, false, false, true, false, false)},
+        {"0,1,1,0,1.0,0", cWall(false, true, true, false, true, false)},
+        {"0,0,0,0,0,0,1,1,0,0,", cWall(false, false, false, false, false, false, true, false, true, false, black)},
+        {"0,0,0,0,0,0,0,0,1,0,ff,",
+         cWall(false, false, false, false, false, false, false, true, false, false, RGB(0, 0, 255))},
+        {"0,0,0,0,0,0,0,0,0,1,AA112233,",
+         cWall(false, false, false, false, false, false, false, false, false, true, RGB(0x11, 0x22, 0x33))},
+    };
+    for (const auto& [text, wall] : cases)
+        EXPECT_EQ(cWall(text), wall) << text;
+    EXPECT_EQ(cWall().toSave(), "0,0,0,0,0,0,0,0,0,0,0,");
+    EXPECT_THROW(cWall("0,0,0,0,0,0,1,1"), OutOfBoundsException);
+}
+
+TEST_F(MapFile, WhatIsNoMapSaysSo)
+{
+    const std::pair<std::string, std::string> cases[] = {
+        {"", readError},
+        {"just a letter to a friend", formError},
+        {"1" + F.substr(1), formError},
+        {joined(sections(), 3), readError},
+        {joined(sections(), 3) + sections()[3], readError},
+        {with(0, "2" + F + "0" + F), readError},
+        {with(0, "0" + F + "99999999999999999999" + F), readError},
+        {with(1, "-2" + F + "0" + F), readError},
+        {with(2, times(142, "0," + I)), readError},
+        {with(3, "0" + G + times(143, "0,0,0,0,0," + I)), readError},
+        {with(3, "0" + G + times(144, "0,0,0" + I)), readError},
+        {with(5, times(10, F)), readError},
+        {with(8, "1" + F + G), readError},
+        {std::string(100000, '\xFE'), readError},
+    };
+    for (const auto& [content, message] : cases) {
+        window.mySavedFileName = "Old";
+        window.isDirty = false;
+        EXPECT_EQ(open(content), std::vector{message}) << content.substr(0, 40);
+        EXPECT_EQ(window.mySavedFileName, "Old");
+    }
+}
+
+TEST_F(MapFile, AnyNumberIsTakenAsItComesAndDrawnWithoutHarm)
+{
+    const char* numbers[] = {
+        "9223372036854775807", "-9223372036854775808", "1e300", "-1e300", "&hFFFFFFFFFFFFFFFF", "0.5", "", "garbage"};
+    std::string squares = "0" + G;
+    for (int n = 0; n < 144; ++n) {
+        const std::string number = numbers[n % 8];
+        squares += number + "," + number + ",1," + number + "," + numbers[n % 5] + "," + I;
+    }
+    auto parts = sections();
+    parts[3] = parts[7] = squares;
+    EXPECT_TRUE(open(joined(parts)).empty());
+    EXPECT_EQ(window.mySquares(1, 1)->x, std::numeric_limits<std::int64_t>::max());
+    EXPECT_EQ(window.mySquares(1, 6)->thisObject, 0);
+    const auto text = window.MapText();
+    EXPECT_TRUE(open(text).empty());
+    EXPECT_EQ(window.MapText(), text);
+}
+
+TEST_F(MapFile, AUserPictureThatIsNoneIsNil)
+{
+    window.UserPicture = New<Picture>(4, 4);
+    for (const std::string field : {"", "\r\n", "not base-64 of a picture", "iVBORw0KGgo="}) {
+        EXPECT_TRUE(open(with(0, "0" + F + "0" + F + "0" + F + field + F)).empty());
+        EXPECT_FALSE(window.UserPicture) << field;
+    }
+}
+
+TEST_F(MapFile, SavingAsksForANameAndReplacesNothingOnFailure)
+{
+    EXPECT_FALSE(window.mSave());
+    EXPECT_EQ(person.proposedNames.back(), "New Map.qrnm");
+    person.save = [&](const std::string&) { return folder.file("Dark.Cave.qrnm"); };
+    window.mySavedFileName = " Keep ";
+    EXPECT_TRUE(window.mSave());
+    EXPECT_EQ(person.proposedNames.back(), "Keep.qrnm");
+    EXPECT_EQ(window.mySavedFileName, "Dark");
+    EXPECT_EQ(contentOf(folder / "Dark.Cave.qrnm"), window.MapText());
+    person.save = [&](const std::string&) { return folder.file("missing/x.qrnm"); };
+    EXPECT_FALSE(window.mSave());
+    EXPECT_EQ(window.mySavedFileName, "Dark");
+    EXPECT_TRUE(person.messages.empty());
+}

@@ -1,0 +1,210 @@
+#include "Fixture.h"
+#include "toolkit/Graphics.h"
+#include "toolkit/Picture.h"
+#include "toolkit/Text.h"
+
+#include <numbers>
+#include <set>
+
+using namespace quorrin;
+
+namespace {
+
+constexpr Color red = RGB(255, 0, 0);
+constexpr Color clear = RGB(0, 0, 0, 255);
+
+Color at(const Ref<Picture>& picture, std::int64_t x, std::int64_t y)
+{
+    return picture->RGBSurface().Pixel(x, y);
+}
+
+/// All pixels of a 12 by 12 picture that are not clear, after one drawing.
+template <typename Draw>
+std::set<std::pair<int, int>> drawn(Draw draw)
+{
+    const auto picture = New<Picture>(12, 12);
+    draw(picture->Graphics());
+    std::set<std::pair<int, int>> pixels;
+    for (int y = 0; y < 12; ++y)
+        for (int x = 0; x < 12; ++x)
+            if (at(picture, x, y) != clear)
+                pixels.emplace(x, y);
+    return pixels;
+}
+
+std::set<std::pair<int, int>> area(int x, int y, int width, int height)
+{
+    std::set<std::pair<int, int>> pixels;
+    for (int i = 0; i < width; ++i)
+        for (int j = 0; j < height; ++j)
+            pixels.emplace(x + i, y + j);
+    return pixels;
+}
+
+} // namespace
+
+TEST(Pictures, ThePenHangsRightAndDownAndBothEndsCount)
+{
+    EXPECT_EQ(drawn([](Graphics& g) { g.DrawLine(2, 3, 6, 3); }), area(2, 3, 5, 1));
+    EXPECT_EQ(drawn([](Graphics& g) { g.DrawLine(2, 8, 2, 3); }), area(2, 3, 1, 6));
+    EXPECT_EQ(drawn([](Graphics& g) { g.PenWidth = 3, g.PenHeight = 2, g.DrawLine(1, 1, 4, 1); }), area(1, 1, 6, 2));
+    EXPECT_EQ(drawn([](Graphics& g) { g.FillRect(2.9, 3.2, 4, 2); }), area(2, 3, 4, 2));
+    auto ring = area(1, 1, 6, 5);
+    for (const auto& inside : area(2, 2, 4, 3))
+        ring.erase(inside);
+    EXPECT_EQ(drawn([](Graphics& g) { g.DrawRect(1, 1, 6, 5); }), ring);
+    EXPECT_EQ(drawn([](Graphics& g) { g.FillRect(3, 3, -2, 4), g.FillRect(1e300, -1e300, 5, 5); }), area(0, 0, 0, 0));
+}
+
+TEST(Pictures, StrokesWithoutSmoothingLeaveNoGap)
+{
+    const auto pixels = drawn([](Graphics& g) {
+        g.AntiAlias = false;
+        g.DrawLine(0, 0, 10, 4);
+    });
+    EXPECT_EQ(pixels.size(), 11u);
+    EXPECT_TRUE(pixels.contains({0, 0}) && pixels.contains({10, 4}) && pixels.contains({5, 2}));
+}
+
+TEST(Pictures, TheTwoFormsAndTransparentWhite)
+{
+    const auto opaque = New<Picture>(4, 4, 32);
+    EXPECT_EQ(at(opaque, 0, 0), white);
+    opaque->RGBSurface().SetPixel(1, 1, RGB(254, 255, 255));
+    opaque->Transparent = 1;
+    const auto copy = New<Picture>(4, 4);
+    EXPECT_EQ(at(copy, 0, 0), clear);
+    copy->Graphics().DrawPicture(opaque, 0, 0);
+    EXPECT_EQ(at(copy, 0, 0), clear);
+    EXPECT_EQ(at(copy, 1, 1), RGB(254, 255, 255));
+    EXPECT_EQ(at(opaque, 0, 0), white) << "the picture itself keeps its white";
+    opaque->RGBSurface().SetPixel(2, 2, red);
+    copy->Graphics().DrawPicture(opaque, 0, 0);
+    EXPECT_EQ(at(copy, 2, 2), red) << "what was drawn later shows too";
+}
+
+TEST(Pictures, AMaskFadesAndCanBeTakenAway)
+{
+    const auto picture = New<Picture>(3, 1, 32);
+    picture->Graphics().ForeColor = red;
+    picture->Graphics().FillRect(0, 0, 3, 1);
+    const auto mask = New<Picture>(3, 1, 32);
+    mask->RGBSurface().SetPixel(0, 0, black);
+    mask->RGBSurface().SetPixel(1, 0, RGB(128, 128, 128));
+    picture->Mask = mask;
+    const auto page = New<Picture>(3, 1, 32);
+    page->Graphics().DrawPicture(picture, 0, 0);
+    EXPECT_EQ(at(page, 0, 0), red);
+    EXPECT_NEAR(at(page, 1, 0).green, 128, 1);
+    EXPECT_EQ(at(page, 2, 0), white);
+    picture->Mask = nullptr;
+    page->Graphics().DrawPicture(picture, 0, 0);
+    EXPECT_EQ(at(page, 2, 0), red);
+}
+
+TEST(Pictures, PicturesWithoutAreaAndNilOnes)
+{
+    const auto none = New<Picture>(0, 9);
+    none->Graphics().FillRect(0, 0, 5, 5);
+    const auto page = New<Picture>(4, 4, 32);
+    page->Graphics().DrawPicture(none, 0, 0);
+    page->Graphics().DrawPicture(none, 0, 0, 4, 4, 0, 0, 0, 9);
+    EXPECT_EQ(at(page, 1, 1), white);
+    EXPECT_THROW(page->Graphics().DrawPicture(nullptr, 0, 0), NilObjectException);
+    EXPECT_THROW(Picture(-1, 4), RuntimeException);
+    EXPECT_THROW(Picture(40000, 4, 32), RuntimeException);
+}
+
+TEST(Pictures, AQuarterTurnMovesEveryPixelClockwise)
+{
+    const auto source = New<Picture>(6, 4, 32);
+    source->RGBSurface().SetPixel(0, 0, red);
+    source->RGBSurface().SetPixel(5, 3, black);
+    const auto turned = Window1::RotatePict90(source);
+    ASSERT_EQ(turned->Width(), 4);
+    ASSERT_EQ(turned->Height(), 6);
+    EXPECT_EQ(at(turned, 3, 0), red);
+    EXPECT_EQ(at(turned, 0, 5), black);
+    EXPECT_EQ(at(turned, 1, 1), white);
+}
+
+TEST(Pictures, TextIsMeasuredByItsLines)
+{
+    const auto page = New<Picture>(200, 100, 32);
+    auto& g = page->Graphics();
+    const double line = g.StringHeight("x", 0);
+    EXPECT_DOUBLE_EQ(g.StringHeight("a\rb\r\nc\n", 0), 3 * line);
+    EXPECT_DOUBLE_EQ(g.StringHeight("a\r\rb", 0), 3 * line);
+    EXPECT_GT(g.StringHeight("many words that need more than one line", 60), 2 * line);
+    EXPECT_GT(g.StringWidth("mm"), g.StringWidth("m"));
+    EXPECT_EQ(g.StringWidth(""), 0);
+}
+
+TEST(Pictures, DataThatIsNoPictureOrLiesAboutItsSizeIsRefused)
+{
+    const auto picture = New<Picture>(9, 7, 32);
+    picture->RGBSurface().SetPixel(3, 2, red);
+    const auto png = picture->ToData(PictureFormat::Default, 100);
+    const auto back = Picture::FromData(png);
+    ASSERT_TRUE(back);
+    EXPECT_EQ(back->Width(), 9);
+    EXPECT_EQ(at(back, 3, 2), red);
+
+    std::string huge = png; // the size stands in bytes 16 to 23, behind a checksum that decoders test late
+    huge.replace(16, 8, std::string("\x00\x00\x7F\x00\x00\x00\x7F\x00", 8));
+    for (const std::string& bytes :
+         {huge, std::string(), std::string("\x89PNG"), png.substr(0, 30), std::string(500, 'B')})
+        EXPECT_FALSE(Picture::FromData(bytes)) << bytes.size();
+}
+
+TEST(Files, AFileIsReplacedWholeOrNotAtAll)
+{
+    const TestFolder folder;
+    const auto file = folder.file("a.txt");
+    writeFile(folder / "a.txt", "old");
+    {
+        const auto dropped = TextOutputStream::Create(file);
+        dropped->Write("half of the n");
+    }
+    EXPECT_EQ(contentOf(folder / "a.txt"), "old");
+
+    std::filesystem::permissions(folder / "a.txt", std::filesystem::perms(0640));
+    std::filesystem::create_symlink(folder / "a.txt", folder / "link.txt");
+    const auto stream = TextOutputStream::Create(folder.file("link.txt"));
+    stream->Write("new\n\xFE");
+    stream->Close();
+    EXPECT_EQ(contentOf(folder / "a.txt"), "new\n\xFE");
+    EXPECT_TRUE(std::filesystem::is_symlink(folder / "link.txt"));
+    EXPECT_EQ(std::filesystem::status(folder / "a.txt").permissions(), std::filesystem::perms(0640));
+
+    EXPECT_FALSE(TextOutputStream::Create(folder.file("nowhere/a.txt")));
+    EXPECT_FALSE(TextInputStream::Open(folder.file("missing")));
+    EXPECT_FALSE(TextInputStream::Open(folder.file("")));
+    EXPECT_FALSE(TextInputStream::Open(nullptr));
+}
+
+TEST(Controls, PropertiesFireAsTheirKindDoes)
+{
+    struct Probe : Window {
+        Probe() : Window(Kind::Main, "Probe", 10, 10) {}
+        void popupChange() { ++popupFired; }
+        void boxAction() { ++boxFired; }
+        void textChange() { ++textFired; }
+        int popupFired = 0, boxFired = 0, textFired = 0;
+        PopupMenu popup{surface(), {}, {"a", "b"}, &Probe::popupChange};
+        CheckBox box{surface(), {}, "box", &Probe::boxAction};
+        TextField text{surface(), {}, &Probe::textChange};
+    } probe;
+    probe.popup.ListIndex = 0;
+    probe.popup.ListIndex = -1;
+    EXPECT_THROW(probe.popup.ListIndex = 2, OutOfBoundsException);
+    EXPECT_THROW(probe.popup.ListIndex = -2, OutOfBoundsException);
+    EXPECT_EQ(probe.popup.ListIndex, -1);
+    EXPECT_EQ(probe.popupFired, 2) << "also for the row that it shows, never for one refused";
+    probe.box.Value = false;
+    probe.box.Value = true;
+    probe.text.Text = "";
+    probe.text.Text = "x";
+    EXPECT_EQ(probe.boxFired, 1);
+    EXPECT_EQ(probe.textFired, 1);
+}

@@ -1,0 +1,56 @@
+#!/usr/bin/env bash
+# Runs the built companion on real files: usage: companion.sh PROGRAM SAMPLES
+set -euo pipefail
+program=$1
+samples=$2
+folder=$(mktemp -d)
+trap 'rm -rf "$folder"' EXIT
+cd "$folder"
+
+fail() { echo "companion: $*" >&2; exit 1; }
+status() { local wanted=$1 got=0; shift; "$@" >out 2>err || got=$?; [ "$got" = "$wanted" ] || fail "status $got instead of $wanted of $*: $(cat err)"; }
+
+cp "$samples"/*.qrnm .
+sample=$(ls -- *.qrnm | head -n 1)
+name=${sample%.qrnm}
+
+# Pictures of every sample, and nothing else in the folder.
+status 0 "$program" export --set -o pictures -- *.qrnm
+[ "$(ls -A pictures | wc -l)" = "$((4 * $(ls -- *.qrnm | wc -l)))" ] || fail "not four pictures a map"
+file=$(printf 'pictures/Quorrin Map %s DM BW.png' "$name")
+[ "$(head -c 4 "$file" | tail -c 3)" = PNG ] || fail "no PNG"
+
+# The newest form of the newest form is itself, byte for byte.
+status 0 "$program" upgrade -o new -- *.qrnm
+status 0 "$program" upgrade -o newer new/*.qrnm
+diff -r new newer || fail "a second upgrade changes the map"
+
+# A bad map is told and skipped, nothing is written for it, and the others are done.
+printf 'a letter' >letter.qrnm
+: >empty.qrnm
+status 1 "$program" export --set -o some letter.qrnm "$sample" empty.qrnm missing.qrnm
+grep -qx 'letter.qrnm: Error opening saved file.' err || fail "no word of the letter: $(cat err)"
+grep -qx 'empty.qrnm: Error opening file.' err || fail "no word of the empty file"
+grep -q '^missing.qrnm: ' err || fail "no word of the missing file"
+[ "$(ls -A some | wc -l)" = 4 ] || fail "something was written for a bad map"
+
+# What would be lost is refused.
+cp "$sample" before
+status 1 "$program" upgrade -o . "$sample"
+cmp -s "$sample" before || fail "the input was replaced"
+mkdir twin && cp "$sample" twin
+status 2 "$program" export -o both "$sample" "twin/$sample"
+[ ! -e both ] || fail "refused work was begun"
+mkdir -p "full/Quorrin Map $name.png"
+status 1 "$program" export -o full "$sample"
+[ "$(ls -A full | wc -l)" = 1 ] || fail "rests of refused work are left"
+
+# Wrong usage.
+status 2 "$program"
+status 2 "$program" export
+status 2 "$program" upgrade "$sample"
+status 2 "$program" export --jobs none "$sample"
+status 2 "$program" export --frobnicate "$sample"
+grep -q -- --help err || fail "no hint"
+status 0 "$program" --help
+status 0 "$program" --version
