@@ -41,6 +41,6 @@ function(quorrin_add_art TARGET)
   target_sources(${TARGET} PRIVATE ${QUORRIN_ART_DIR}/qrc_art.cpp)
   set_source_files_properties(${QUORRIN_ART_DIR}/qrc_art.cpp TARGET_DIRECTORY ${TARGET}
                               PROPERTIES GENERATED TRUE SKIP_AUTOGEN TRUE)
-  target_include_directories(${TARGET} PRIVATE ${QUORRIN_ART_DIR})
+  target_include_directories(${TARGET} PUBLIC ${QUORRIN_ART_DIR})
   add_dependencies(${TARGET} art_pictures)
 endfunction()
