@@ -1,5 +1,6 @@
 #include "app/App.h"
 #include "document/Window1.h"
+#include "edit/HitTest.h"
 
 namespace quorrin {
 
@@ -48,6 +49,12 @@ void nameControls(Window1& window)
         control.AccessibleName = name;
 }
 
+Frame hitBox(const Ref<cSquare>& square)
+{
+    constexpr int side = static_cast<int>(hitReach) + 1;
+    return square ? Frame{static_cast<int>(square->x), static_cast<int>(square->y), side, side} : Frame{};
+}
+
 } // namespace
 
 Window1::Window1() : Window(Kind::Main, "Quorrin Map Maker", 1104, 796)
@@ -55,6 +62,7 @@ Window1::Window1() : Window(Kind::Main, "Quorrin Map Maker", 1104, 796)
     theWindow = this;
     nameControls(*this);
     Canvas1.DescribePlace = [this](int x, int y) { return DescribeSquare(x, y); };
+    Canvas1.PlaceAt = [this](int x, int y) { return hitBox(squareAt(mySquares, x, y)); };
     btnMaze.Enabled = false;
     MenuBar = makeMainMenuBar();
     AddMenuHandlers();

@@ -283,6 +283,9 @@ public:
     void Release(int x, int y);
     /// Whether a press does anything here.
     bool AnswersMouse() const { return static_cast<bool>(mouseDown_); }
+    /// Whether it matters which way the mouse takes with the button down.
+    bool AnswersDrag() const { return static_cast<bool>(mouseDrag_); }
+    bool HasContextualMenu() const { return static_cast<bool>(constructMenu_); }
 
     void Paint(Graphics& g) const
     {
@@ -330,6 +333,9 @@ public:
     quorrin::MouseCursor MouseCursor;
     /// What a screen reader says about a place on the canvas; may be empty.
     std::function<std::string(int x, int y)> DescribePlace;
+    /// The area around a point that one click means, without area where there is none: the arrow keys go from one such
+    /// area to the next. May be empty.
+    std::function<Frame(int x, int y)> PlaceAt;
 };
 
 /// A filled rectangle with a 1-pixel black border; one that answers the mouse is a colour well.
