@@ -73,6 +73,26 @@ protected:
 
     quorrin::Color pixel(std::int64_t x, std::int64_t y) { return window.myImage->RGBSurface().Pixel(x, y); }
 
+    /// What an action does beyond its own subject: it composes the page anew, it makes the map dirty.
+    struct Effect {
+        bool composed;
+        bool dirty;
+        friend bool operator==(const Effect&, const Effect&) = default;
+    };
+    static constexpr Effect nothing{false, false};
+    static constexpr Effect composed{true, false};
+    static constexpr Effect dirty{false, true};
+    static constexpr Effect both{true, true};
+
+    template <typename Action>
+    Effect effectOf(Action action)
+    {
+        window.isDirty = false;
+        const auto image = window.myImage;
+        action();
+        return {!(window.myImage == image), window.isDirty};
+    }
+
     TestFolder folder;
     quorrin::ScriptedPlatform person;
     StartedApp app;
