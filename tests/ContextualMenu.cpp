@@ -64,14 +64,9 @@ TEST_F(ContextualMenu, FitsTheTool)
         EXPECT_EQ(offered(), expected[tab]);
     }
     EXPECT_FALSE(window.isDirty);
-}
-
-TEST_F(ContextualMenu, SwitchEntriesOnlyChangeTheTool)
-{
-    const std::pair<const char*, int> cases[] = {{"Switch to Walls", 2}, {"Switch to Objects", 3}, {"Switch to DM", 4}};
-    for (const auto& [text, tab] : cases) {
+    for (const int tab : {Window1::WallTool, Window1::ObjectTool, Window1::MarkerTool}) {
         window.TabPanel1.Value = Window1::GridTool;
-        EXPECT_EQ(choose(text), nothing);
+        EXPECT_EQ(choose(switches[static_cast<std::size_t>(tab - 2)]), nothing);
         EXPECT_EQ(window.TabPanel1.Value, tab);
     }
 }

@@ -106,7 +106,8 @@ void TextOutputStream::Write(std::string_view bytes)
 
 void TextOutputStream::Close()
 {
-    if (!impl_->file.commit())
+    // Committing alone does not notice that the disk took only a part of the last bytes.
+    if (!impl_->file.flush() || !impl_->file.commit())
         impl_->fail();
 }
 

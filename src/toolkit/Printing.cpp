@@ -73,7 +73,7 @@ public:
     ~PdfDevice() override
     {
         finish();
-        if (!file_->commit() && failed_)
+        if (!(file_->flush() && file_->commit()) && failed_)
             failed_("The file \"" + QFileInfo(file_->fileName()).fileName().toStdString()
                     + "\" cannot be written: " + file_->errorString().toStdString());
     }
