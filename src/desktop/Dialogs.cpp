@@ -1,0 +1,125 @@
+#include "desktop/Dialogs.h"
+
+#include "desktop/QtText.h"
+
+#include <QApplication>
+#include <QColorDialog>
+#include <QFile>
+#include <QFileDialog>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QStandardPaths>
+
+namespace quorrin {
+
+namespace {
+
+/// The folder of the last file dialog.
+QString& lastFolder()
+{
+    static QString folder = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    return folder;
+}
+
+QStringList extensionsOf(const FileType& type)
+{
+    return qtText(type.Extensions).split(';', Qt::SkipEmptyParts);
+}
+
+/// All kinds of file as one filter, as in "Bitmap, PNG (*.bmp *.png)".
+QString nameFilter(const FileFilter& filter)
+{
+    QStringList names;
+    QStringList patterns;
+    for (const FileType& type : filter) {
+        names += qtText(type.Name);
+        for (const QString& extension : extensionsOf(type))
+            patterns += '*' + extension;
+    }
+    return names.join(", ") + " (" + patterns.join(' ') + ')';
+}
+
+Ref<FolderItem> chosenFile(QFileDialog& dialog, const FileFilter& filter)
+{
+    dialog.setOption(QFileDialog::DontUseNativeDialog);
+    dialog.setDirectory(lastFolder());
+    if (!filter.empty())
+        dialog.setNameFilter(nameFilter(filter));
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
+        return nullptr;
+    lastFolder() = dialog.directory().absolutePath();
+    return New<FolderItem>(QFile::encodeName(dialog.selectedFiles().constFirst()).toStdString());
+}
+
+} // namespace
+
+QWidget* frontWidget()
+{
+    if (QWidget* dialog = QApplication::activeModalWidget())
+        return dialog;
+    for (QWidget* window : QApplication::topLevelWidgets())
+        if (window->isVisible() && window->windowType() == Qt::Window)
+            return window;
+    return nullptr;
+}
+
+MessageDialog::Answer askPerson(const MessageDialog& question)
+{
+    using Answer = MessageDialog::Answer;
+    QMessageBox box(frontWidget());
+    box.setTextFormat(Qt::PlainText);
+    box.setText(qtText(question.Message));
+    if (question.Icon == MessageDialog::QuestionIcon)
+        box.setIcon(QMessageBox::Question);
+    const auto add = [&box](const DialogButton& button, QMessageBox::ButtonRole role) {
+        return button.Visible ? box.addButton(qtText(button.Caption), role) : nullptr;
+    };
+    QPushButton* action = add(question.ActionButton, QMessageBox::AcceptRole);
+    QPushButton* alternate = add(question.AlternateActionButton, QMessageBox::DestructiveRole);
+    QPushButton* cancel = add(question.CancelButton, QMessageBox::RejectRole);
+    box.setDefaultButton(action);
+    box.setEscapeButton(cancel);
+    box.exec();
+    if (action && box.clickedButton() == action)
+        return Answer::Action;
+    return alternate && box.clickedButton() == alternate ? Answer::Alternate : Answer::Cancel;
+}
+
+void showMessage(const std::string& message)
+{
+    QMessageBox box(frontWidget());
+    box.setTextFormat(Qt::PlainText);
+    box.setText(qtText(message));
+    box.exec();
+}
+
+bool selectColor(Color& color, const std::string& prompt)
+{
+    QColorDialog dialog(QColor(color.red, color.green, color.blue), frontWidget());
+    dialog.setOption(QColorDialog::DontUseNativeDialog);
+    dialog.setWindowTitle(qtText(prompt));
+    if (dialog.exec() != QDialog::Accepted)
+        return false;
+    color = colorFromNumber(dialog.selectedColor().rgb() & 0xFFFFFF);
+    return true;
+}
+
+Ref<FolderItem> openFileDialog(const FileFilter& filter)
+{
+    QFileDialog dialog(frontWidget(), QStringLiteral("Open"));
+    dialog.setFileMode(QFileDialog::ExistingFile);
+    return chosenFile(dialog, filter);
+}
+
+Ref<FolderItem> saveFileDialog(const FileFilter& filter, const std::string& defaultName)
+{
+    const QString name = qtText(defaultName);
+    const QStringList extensions = filter.empty() ? QStringList() : extensionsOf(filter.front());
+    QFileDialog dialog(frontWidget(), QStringLiteral("Save"));
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setDefaultSuffix(extensions.isEmpty() ? QFileInfo(name).suffix() : extensions.constFirst());
+    dialog.selectFile(name);
+    return chosenFile(dialog, filter);
+}
+
+} // namespace quorrin

@@ -1,0 +1,25 @@
+#pragma once
+
+#include "toolkit/Platform.h"
+
+class QWidget;
+
+namespace quorrin {
+
+// The dialogs of the platform, each over the window in front.
+
+/// The window that the person looks at: the dialog that waits, else the main window; nil when none is shown.
+QWidget* frontWidget();
+
+MessageDialog::Answer askPerson(const MessageDialog& question);
+void showMessage(const std::string& message);
+bool selectColor(Color& color, const std::string& prompt);
+Ref<FolderItem> openFileDialog(const FileFilter& filter);
+/// Proposes a name, adds the extension of the filter (or else of that name) to what the person types without one, and
+/// asks before an existing file is replaced.
+Ref<FolderItem> saveFileDialog(const FileFilter& filter, const std::string& defaultName);
+
+bool pageSetupDialog(PrinterSetup& setup);
+std::unique_ptr<Graphics> printerDialog(const PrinterSetup& setup);
+
+} // namespace quorrin

@@ -1,0 +1,43 @@
+#include "desktop/LastResort.h"
+
+#include "desktop/Dialogs.h"
+
+#include <QApplication>
+
+#include <exception>
+#include <string>
+
+namespace quorrin {
+
+namespace {
+bool showing = false;
+}
+
+bool guarded(const std::function<void()>& handler, bool tells) noexcept
+{
+    try {
+        handler();
+        return true;
+    } catch (const std::exception& exception) {
+        if (tells)
+            reportFault(exception.what());
+    } catch (...) {
+        if (tells)
+            reportFault("Something went wrong that has no name.");
+    }
+    return false;
+}
+
+void reportFault(const char* what)
+{
+    const auto show = [message = std::string(what)] {
+        if (showing)
+            return;
+        showing = true;
+        showMessage("The last action could not be completed. Your map is still open, as it was.\n\n" + message);
+        showing = false;
+    };
+    QMetaObject::invokeMethod(qApp, show, Qt::QueuedConnection);
+}
+
+} // namespace quorrin

@@ -1,0 +1,48 @@
+#include "desktop/Dialogs.h"
+#include "desktop/LastResort.h"
+
+#include "toolkit/Printing.h"
+#include "toolkit/QtBridge.h"
+
+#include <QFile>
+#include <QPageSetupDialog>
+#include <QPrintDialog>
+#include <QPrinter>
+
+namespace quorrin {
+
+bool pageSetupDialog(PrinterSetup& setup)
+{
+    QPrinter printer(QPrinter::HighResolution);
+    QtBridge::applySetup(setup, printer);
+    QPageSetupDialog dialog(&printer, frontWidget());
+    if (dialog.exec() != QDialog::Accepted)
+        return false;
+    QtBridge::readSetup(printer, setup);
+    return true;
+}
+
+std::unique_ptr<Graphics> printerDialog(const PrinterSetup& setup)
+{
+    auto printer = std::make_unique<QPrinter>(QPrinter::HighResolution);
+    QtBridge::applySetup(setup, *printer);
+    printer->setDocName(QStringLiteral("Quorrin Map Maker"));
+    QPrintDialog dialog(printer.get(), frontWidget());
+    dialog.setOptions(QAbstractPrintDialog::PrintToFile);
+    if (dialog.exec() != QDialog::Accepted)
+        return nullptr;
+    const int copies = printer->copyCount();
+    if (printer->outputFormat() == QPrinter::PdfFormat) {
+        PrinterSetup chosen;
+        QtBridge::readSetup(*printer, chosen);
+        return printToPdf(QFile::encodeName(printer->outputFileName()).toStdString(), chosen, copies,
+                          [](const std::string& fault) { reportFault(fault.c_str()); });
+    }
+    // Each print makes its copies itself, or has its own reason to make one.
+    printer->setCopyCount(1);
+    auto graphics = QtBridge::graphics(std::unique_ptr<QPagedPaintDevice>(std::move(printer)));
+    graphics->Copies = copies;
+    return graphics;
+}
+
+} // namespace quorrin

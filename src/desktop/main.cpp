@@ -1,0 +1,56 @@
+#include "app/App.h"
+#include "desktop/DesktopPlatform.h"
+#include "desktop/DesktopWindow.h"
+#include "desktop/LastResort.h"
+#include "document/Window1.h"
+
+#include <QApplication>
+#include <QFile>
+#include <QFileOpenEvent>
+
+namespace {
+
+using namespace quorrin;
+
+/// Takes the files that the system hands over while the program runs.
+class HandedOver : public QObject {
+public:
+    explicit HandedOver(App& app) : app_(app) { qApp->installEventFilter(this); }
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        if (event->type() != QEvent::FileOpen)
+            return QObject::eventFilter(watched, event);
+        const QByteArray path = QFile::encodeName(static_cast<QFileOpenEvent*>(event)->file());
+        guarded([&] { app_.Event_OpenDocument(New<FolderItem>(path.toStdString())); });
+        return true;
+    }
+
+private:
+    App& app_;
+};
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    // The path of a map is the only argument, so Qt gets none for itself.
+    int qtArguments = 1;
+    QApplication qt(qtArguments, argv);
+    setUpDesktop();
+    DesktopPlatform platform;
+
+    App app;
+    app.Event_Open();
+    if (argc > 1)
+        app.Event_OpenDocument(New<FolderItem>(argv[1]));
+    const HandedOver handedOver(app);
+    QApplication::setQuitOnLastWindowClosed(app.AutoQuit);
+
+    Window1 window;
+    window.Event_Open();
+    DesktopWindow view(window);
+    view.Open();
+    return QApplication::exec();
+}
