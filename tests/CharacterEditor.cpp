@@ -1,0 +1,135 @@
+#include "Fixture.h"
+
+#include "app/Module1.h"
+#include "characters/frmCharacter.h"
+
+#include <fstream>
+
+using namespace quorrin;
+
+namespace {
+
+Ref<MenuItem> entryWithTag(const MenuItem& menu, const std::string& tag)
+{
+    for (const auto& item : menu.Items()) {
+        if (item->Items().empty() && item->Tag == tag)
+            return item;
+        if (auto found = entryWithTag(*item, tag))
+            return found;
+    }
+    return nullptr;
+}
+
+class CharacterEditor : public Program {
+protected:
+    CharacterEditor()
+    {
+        Module1::useThisCharacter = token;
+        editor.Event_Open();
+    }
+    Ref<FolderItem> pictureFile(const std::string& name, std::int64_t side)
+    {
+        const auto picture = New<Picture>(side, side, 32);
+        picture->Save(folder.file(name), PictureFormat::Png, 100);
+        return folder.file(name);
+    }
+    void load(const Ref<FolderItem>& file)
+    {
+        person.open = [file](const FileFilter&) { return file; };
+        editor.PushButton1.Push();
+    }
+
+    Ref<cCharacter> token = window.myCharacters(3);
+    frmCharacter editor;
+};
+
+} // namespace
+
+TEST_F(CharacterEditor, KeepsNumbersFrom0To99)
+{
+    const struct {
+        const char* typed;
+        int number;
+    } cases[] = {{"7", 7},   {"150", 99},   {"-5", 0},  {"12.9", 12}, {"twelve", 0},
+                 {"99", 99}, {"1e300", 99}, {" 8x", 8}, {"nan", 0},   {"", 0}};
+    for (const auto& one : cases) {
+        editor.TextField1.Text = one.typed;
+        EXPECT_EQ(token->Number, one.number) << one.typed;
+        EXPECT_EQ(editor.TextField1.Text.get(), one.typed);
+    }
+}
+
+TEST_F(CharacterEditor, ShowsTheNumberWhenItOpens)
+{
+    for (const auto& [number, text] : {std::pair{0, ""}, {-3, ""}, {1, "1"}, {42, "42"}}) {
+        token->Number = number;
+        frmCharacter another;
+        another.Event_Open();
+        EXPECT_EQ(another.TextField1.Text.get(), text);
+        EXPECT_EQ(token->Number, number);
+    }
+}
+
+TEST_F(CharacterEditor, TakesThePictureOfAFileWhole)
+{
+    const auto file = pictureFile("figure.png", 300);
+    load(file);
+    EXPECT_EQ(token->Icon->Width(), 300);
+    EXPECT_EQ(token->IconData, TextInputStream::Open(file)->ReadAll());
+    const auto icon = token->Icon;
+    const auto data = token->IconData;
+
+    load(nullptr);
+    EXPECT_TRUE(token->Icon == icon);
+    EXPECT_TRUE(person.messages.empty());
+
+    // The token shows nothing now, yet saving and reopening brings the earlier picture back.
+    std::ofstream(folder.file("notes.png")->Path()) << "no picture";
+    load(folder.file("notes.png"));
+    EXPECT_EQ(person.messages, std::vector<std::string>{"Error Opening Picture."});
+    EXPECT_FALSE(token->Icon);
+    EXPECT_EQ(token->IconData, data);
+    person.save = [this](const std::string&) { return folder.file("map.qrnm"); };
+    ASSERT_TRUE(window.mSave());
+    window.mOpen(folder.file("map.qrnm"));
+    EXPECT_EQ(window.myCharacters(3)->Icon->Width(), 300);
+    EXPECT_FALSE(window.myCharacters(4)->Icon);
+}
+
+TEST_F(CharacterEditor, TakesAPictureOfTheCatalogue)
+{
+    token->Number = 12;
+    editor.BevelButton1.Push();
+    EXPECT_FALSE(token->Icon);
+
+    person.popUp = [](const MenuItem& base) { return entryWithTag(base, "37"); };
+    editor.BevelButton1.Push();
+    EXPECT_EQ(token->IconData, "-37");
+    ASSERT_TRUE(token->Icon);
+    EXPECT_EQ(token->Icon->ToData(PictureFormat::Png, 100), window.DrawObject(37, 1)->ToData(PictureFormat::Png, 100));
+
+    editor.PushButton2.Push();
+    EXPECT_FALSE(token->Icon);
+    EXPECT_EQ(token->IconData, "");
+    EXPECT_EQ(token->Number, 12);
+}
+
+TEST_F(CharacterEditor, ShowsThePictureInAFrame)
+{
+    const auto preview = New<Picture>(60, 100);
+    const auto at = [&](int x, int y) { return preview->RGBSurface().Pixel(x, y); };
+    editor.Canvas2.Paint(preview->Graphics());
+    EXPECT_EQ(at(0, 0), black);
+    EXPECT_EQ(at(59, 99), black);
+    for (int y = 1; y < 99; ++y)
+        for (int x = 1; x < 59; ++x)
+            ASSERT_EQ(at(x, y), white);
+
+    token->Icon = New<Picture>(20, 40);
+    token->Icon->Graphics().FillRect(0, 0, 20, 40);
+    editor.Canvas2.Paint(preview->Graphics());
+    EXPECT_EQ(at(20, 30), black);
+    EXPECT_EQ(at(39, 69), black);
+    EXPECT_EQ(at(19, 30), white);
+    EXPECT_EQ(at(40, 69), white);
+}

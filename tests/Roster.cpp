@@ -1,0 +1,121 @@
+#include "Fixture.h"
+
+#include "app/Module1.h"
+#include "characters/Roster.h"
+#include "characters/frmCharacter.h"
+
+using namespace quorrin;
+
+TEST(RosterRegions, AreLooserThanTheTokens)
+{
+    const struct {
+        int x, y, token;
+    } cases[] = {
+        {35, 0, 1},
+        {34, 0, 0},
+        {95, 100, 1},
+        {96, 100, 0},
+        {104, 100, 0},
+        {105, 289, 2},
+        {105, 290, 0},
+        {105, 294, 0},
+        {105, 295, 12},
+        {725, 575, 20},
+        {726, 575, 0},
+        {665, -7, 10},
+        {35, 9999, 11},
+        {-2147483648, 0, 0},
+        {2147483647, 2147483647, 0},
+        {665, 2147483647, 20},
+    };
+    for (const auto& one : cases)
+        EXPECT_EQ(tokenAt(one.x, one.y), one.token) << one.x << "," << one.y;
+}
+
+namespace {
+
+class Roster : public Program {
+protected:
+    void click(int x, int y)
+    {
+        window.cvCharacters.Press(x, y);
+        window.cvCharacters.Release(x, y);
+    }
+    Ref<Picture> painted()
+    {
+        auto picture = New<Picture>(756, 576);
+        window.cvCharacters.Paint(picture->Graphics());
+        return picture;
+    }
+};
+
+} // namespace
+
+TEST_F(Roster, OpensTheEditorAndCountsTheMapAsChanged)
+{
+    int opened = 0;
+    person.modal = [&](Window& editor) {
+        ++opened;
+        EXPECT_EQ(editor.Title.get(), "Character");
+        EXPECT_TRUE(Module1::useThisCharacter == window.myCharacters(12));
+    };
+    click(100, 300);
+    EXPECT_EQ(opened, 0);
+    EXPECT_FALSE(window.isDirty);
+    click(105, 300);
+    EXPECT_EQ(opened, 1);
+    EXPECT_TRUE(window.isDirty);
+}
+
+TEST_F(Roster, ShowsAnEditedTokenOnTheMap)
+{
+    window.mySquares(1, 1)->thisObject = 124;
+    window.RenderMap(true);
+    const auto before = window.myImage->ToData(PictureFormat::Png, 100);
+    person.modal = [&](Window&) {
+        Module1::useThisCharacter->IconData = "-3";
+        Module1::useThisCharacter->LoadIcon();
+    };
+    click(35, 15);
+    EXPECT_NE(window.myImage->ToData(PictureFormat::Png, 100), before);
+}
+
+TEST_F(Roster, DrawsTwoRowsOfTen)
+{
+    window.myCharacters(11)->Number = 5;
+    const auto sheet = painted();
+    for (int row = 0; row < 2; ++row) {
+        for (int column = 0; column < 10; ++column) {
+            const int x = 35 + 70 * column;
+            const int y = row == 0 ? 15 : 295;
+            EXPECT_EQ(sheet->RGBSurface().Pixel(x, y), black);
+            EXPECT_EQ(sheet->RGBSurface().Pixel(x + 59, y + 269), black);
+            for (const auto& [dx, dy] : {std::pair{-1, 0}, {0, -1}, {60, 269}, {59, 270}, {1, 1}})
+                EXPECT_EQ(sheet->RGBSurface().Pixel(x + dx, y + dy), white) << x << "," << y;
+        }
+    }
+}
+
+TEST_F(Roster, SavesTheSheetAsJpeg)
+{
+    window.btnSaveCharacters.Push();
+    window.mySavedFileName = "Dark Cave";
+    person.save = [this](const std::string& name) { return folder.file(name); };
+    window.btnSaveCharacters.Push();
+    EXPECT_EQ(person.proposedNames, (std::vector<std::string>{"Character Sheet.jpg", "Dark Cave Character Sheet.jpg"}));
+    EXPECT_TRUE(person.messages.empty());
+    EXPECT_FALSE(folder.file("Character Sheet.jpg")->Exists());
+
+    const auto file = folder.file("Dark Cave Character Sheet.jpg");
+    EXPECT_EQ(TextInputStream::Open(file)->ReadAll().substr(0, 3), "\xff\xd8\xff");
+    const auto sheet = Picture::Open(file);
+    EXPECT_EQ(sheet->Width(), 756);
+    EXPECT_EQ(sheet->Height(), 576);
+    EXPECT_GT(sheet->RGBSurface().Pixel(10, 10).red, 250);
+    EXPECT_LT(sheet->RGBSurface().Pixel(35, 100).red, 100);
+
+    person.save = [this](const std::string& name) { return folder.file("no such folder/" + name); };
+    window.btnSaveCharacters.Push();
+    EXPECT_EQ(person.messages, std::vector<std::string>{"Error saving character sheet."});
+    EXPECT_FALSE(window.isDirty);
+}

@@ -1,0 +1,164 @@
+#include "Fixture.h"
+
+using namespace quorrin;
+
+namespace {
+
+constexpr Color red = RGB(200, 0, 0);
+constexpr Color blue = RGB(0, 0, 200);
+constexpr Color grey = RGB(170, 170, 170);
+constexpr Color clear = RGB(0, 0, 0, 255);
+
+/// A picture whose upper half is red and whose lower half is blue.
+Ref<Picture> redOverBlue(std::int64_t width, std::int64_t height)
+{
+    auto picture = New<Picture>(width, height);
+    auto& g = picture->Graphics();
+    g.ForeColor = blue;
+    g.FillRect(0, 0, g.Width(), g.Height());
+    g.ForeColor = red;
+    g.FillRect(0, 0, g.Width(), g.Height() / 2);
+    return picture;
+}
+
+Color pixel(const Ref<Picture>& picture, std::int64_t x, std::int64_t y)
+{
+    return picture->RGBSurface().Pixel(x, y);
+}
+
+Ref<Picture> drawn(const cCharacter& token, std::int64_t width = 60)
+{
+    auto picture = New<Picture>(width, 270);
+    token.DrawCharacter(picture->Graphics());
+    return picture;
+}
+
+int inkedPixels(const Ref<Picture>& picture, int top, int bottom)
+{
+    int inked = 0;
+    for (int y = top; y < bottom; ++y)
+        for (int x = 1; x < picture->Width() - 1; ++x)
+            inked += !(pixel(picture, x, y) == white);
+    return inked;
+}
+
+} // namespace
+
+TEST(Tokens, ShrinkTheirPictureInEqualSteps)
+{
+    const struct {
+        int width, height, sizedWidth, sizedHeight;
+    } cases[] = {
+        {60, 100, 60, 100}, {1, 1, 1, 1},     {61, 100, 54, 90}, {61, 10, 54, 9}, {200, 200, 56, 56},
+        {640, 480, 56, 42}, {10, 500, 1, 92}, {1, 200, 0, 95},   {500, 1, 57, 0},
+    };
+    for (const auto& one : cases) {
+        cCharacter token;
+        token.Icon = redOverBlue(one.width, one.height);
+        const auto sized = token.SizeIcon();
+        EXPECT_EQ(sized->Width(), one.sizedWidth) << one.width << " x " << one.height;
+        EXPECT_EQ(sized->Height(), one.sizedHeight) << one.width << " x " << one.height;
+        EXPECT_EQ(sized == token.Icon, one.width <= 60 && one.height <= 100);
+        EXPECT_EQ(token.Icon->Width(), one.width);
+        drawn(token);
+    }
+    EXPECT_EQ(cCharacter().SizeIcon()->Width(), 32);
+    EXPECT_EQ(cCharacter().SizeIcon()->Height(), 32);
+}
+
+TEST(Tokens, FlipRowsAndNotColumns)
+{
+    const auto source = New<Picture>(3, 4);
+    auto pixels = source->RGBSurface();
+    pixels.SetPixel(0, 0, red);
+    pixels.SetPixel(2, 1, blue);
+    const auto flipped = cCharacter::FlipIcon(source);
+    for (int x = 0; x < 3; ++x)
+        for (int y = 0; y < 4; ++y)
+            EXPECT_EQ(pixel(flipped, x, y), x == 0 && y == 3 ? red : x == 2 && y == 2 ? blue : white) << x << "," << y;
+    EXPECT_EQ(pixel(source, 0, 0), red);
+    EXPECT_EQ(pixel(source, 1, 1), clear);
+}
+
+TEST(Tokens, ShowTheFigureOnBothHalves)
+{
+    cCharacter token;
+    token.Icon = redOverBlue(60, 100);
+    for (const int width : {60, 67}) {
+        const auto picture = drawn(token, width);
+        const int left = (width - 60) / 2;
+        const struct {
+            int y;
+            Color color;
+        } rows[] = {{1, white}, {21, white}, {22, grey},   {27, white},  {28, blue},   {77, blue},
+                    {78, red},  {127, red},  {128, white}, {135, grey},  {140, white}, {141, red},
+                    {190, red}, {191, blue}, {240, blue},  {241, white}, {248, grey},  {268, white}};
+        for (const auto& row : rows)
+            EXPECT_EQ(pixel(picture, 30, row.y), row.color) << row.y << " of " << width;
+        for (const int y : {0, 50, 200, 269})
+            for (const int x : {0, width - 1})
+                EXPECT_EQ(pixel(picture, x, y), black);
+        EXPECT_EQ(pixel(picture, 1, 150), left > 1 ? white : red);
+        EXPECT_EQ(pixel(picture, 65, 150), white);
+    }
+    const auto blank = drawn({});
+    EXPECT_EQ(inkedPixels(blank, 1, 269), 3 * 58);
+}
+
+TEST(Tokens, CarryTheirNumberOnOneFoot)
+{
+    for (const std::int64_t number : {0LL, -5LL, 7LL, 99LL, 9223372036854775807LL}) {
+        cCharacter token;
+        token.Number = number;
+        const auto picture = drawn(token);
+        EXPECT_EQ(inkedPixels(picture, 249, 262) > 10, number > 0) << number;
+        EXPECT_EQ(inkedPixels(picture, 1, 22), 0) << number;
+        EXPECT_EQ(inkedPixels(picture, 262, 269), 0) << number;
+    }
+}
+
+namespace {
+
+class TokenData : public Program {
+protected:
+    cCharacter& loaded(const std::string& data)
+    {
+        token.Icon = New<Picture>(5, 5);
+        token.IconData = data;
+        token.LoadIcon();
+        EXPECT_EQ(token.IconData, data);
+        return token;
+    }
+    static std::string bytesOf(const Ref<Picture>& picture) { return picture->ToData(PictureFormat::Png, 100); }
+
+    cCharacter token;
+};
+
+} // namespace
+
+TEST_F(TokenData, NamesAnObjectOfTheCatalogue)
+{
+    window.pmColorBW.ListIndex = 2;
+    const auto solid = bytesOf(window.DrawObject(1, 1));
+    EXPECT_NE(solid, bytesOf(window.DrawObject(1, 2)));
+    EXPECT_EQ(bytesOf(loaded("-1").Icon), solid);
+    EXPECT_EQ(bytesOf(loaded("-1.9").Icon), solid);
+    for (const auto* unknown : {"-0.5", "-144", "-1e300", "-99999999999999999999"})
+        EXPECT_EQ(bytesOf(loaded(unknown).Icon), bytesOf(New<Picture>(56, 56))) << unknown;
+}
+
+TEST_F(TokenData, IsTheFileOfAPicture)
+{
+    const auto picture = redOverBlue(90, 30);
+    const auto png = picture->ToData(PictureFormat::Png, 100);
+    EXPECT_EQ(bytesOf(loaded(png).Icon), bytesOf(picture));
+    EXPECT_EQ(loaded(picture->ToData(PictureFormat::Jpeg, 100)).Icon->Width(), 90);
+
+    // A bitmap that claims 30000 by 30000 pixels in 54 bytes.
+    const std::string boast = std::string("BM") + std::string(8, '\0') + "\x36" + std::string(3, '\0') + "\x28"
+                              + std::string(3, '\0') + "\x30\x75\0\0\x30\x75\0\0" + std::string("\1\0\x18\0", 4)
+                              + std::string(24, '\0');
+    for (const auto& none : {std::string(), std::string("37"), std::string("no picture"), std::string(3, '\xff'),
+                             png.substr(0, 30), boast})
+        EXPECT_FALSE(loaded(none).Icon) << none.size();
+}
