@@ -34,10 +34,12 @@ QColor qtColor(Color color)
 /// The area, on whole pixels where the device has such.
 QRectF placed(const GraphicsDevice& device, double x, double y, double width, double height)
 {
-    x = bounded(x), y = bounded(y), width = bounded(width), height = bounded(height);
+    // The edges are bounded, not the size: an area that begins far outside reaches as far as it did.
+    const QPointF from(bounded(x), bounded(y));
+    const QPointF to(bounded(x + width), bounded(y + height));
     if (!device.exactPixels())
-        return {x, y, width, height};
-    return {QPointF(std::floor(x), std::floor(y)), QPointF(std::floor(x + width), std::floor(y + height))};
+        return {from, to};
+    return {QPointF(std::floor(from.x()), std::floor(from.y())), QPointF(std::floor(to.x()), std::floor(to.y()))};
 }
 
 /// The area that the pen covers on its way: a hexagon around the first and the last position of its rectangle.

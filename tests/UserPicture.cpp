@@ -1,0 +1,249 @@
+#include "Fixture.h"
+
+#include "app/Module1.h"
+#include "userpicture/frmEditUserPicture.h"
+
+#include <functional>
+#include <limits>
+
+using namespace quorrin;
+
+namespace {
+
+constexpr Color clear = RGB(0, 0, 0, 255);
+constexpr Color red = RGB(220, 10, 10);
+
+class UserPicture : public Program {
+protected:
+    /// Opens the editor by its button, and works in it.
+    void edit(const std::function<void(frmEditUserPicture&)>& work)
+    {
+        person.modal = [&](Window& opened) { work(dynamic_cast<frmEditUserPicture&>(opened)); };
+        window.PushButton2.Push();
+    }
+    static Color at(const frmEditUserPicture& editor, int x, int y) { return pixel(editor.myImage, x, y); }
+    static Color pixel(const Ref<Picture>& picture, int x, int y) { return picture->RGBSurface().Pixel(x, y); }
+    static void stroke(frmEditUserPicture& editor, std::initializer_list<std::pair<int, int>> places)
+    {
+        editor.Canvas1.Press(places.begin()->first, places.begin()->second);
+        for (const auto& [x, y] : places)
+            editor.Canvas1.Drag(x, y);
+        editor.Canvas1.Release((places.end() - 1)->first, (places.end() - 1)->second);
+    }
+    static std::string bytesOf(const Ref<Picture>& picture) { return picture->ToData(PictureFormat::Png, 100); }
+};
+
+} // namespace
+
+TEST_F(UserPicture, StrokesHaveNoGapsAndNoSoftEdges)
+{
+    edit([&](frmEditUserPicture& editor) {
+        for (int pen = 1; pen <= 5; ++pen) {
+            editor.PopupMenu2.ListIndex = pen - 1;
+            editor.myImage = New<Picture>(756, 576);
+            stroke(editor, {{10, 20}, {400, 150}, {380, 500}});
+            int inked = 0;
+            for (int y = 0; y < 576; ++y) {
+                for (int x = 0; x < 756; ++x) {
+                    const auto color = at(editor, x, y);
+                    ASSERT_TRUE(color == black || color == clear) << x << "," << y;
+                    inked += color == black;
+                }
+            }
+            // Every step of the way leaves a column or a row of the pen.
+            EXPECT_GE(inked, pen * (390 + 350));
+            EXPECT_LE(inked, (2 * pen + 1) * (390 + 350));
+            EXPECT_EQ(at(editor, 10, 20), black);
+            EXPECT_EQ(at(editor, 10, 20 + pen - 1), black);
+            EXPECT_EQ(at(editor, 10, 20 + pen), clear);
+            EXPECT_EQ(at(editor, 380, 500), black);
+        }
+    });
+}
+
+TEST_F(UserPicture, KeysConstrainALineFromWhereItBegan)
+{
+    const struct {
+        bool shift, control;
+        bool across, down, freehand;
+    } cases[] = {{false, false, false, false, true},
+                 {true, false, true, false, false},
+                 {false, true, false, true, false},
+                 {true, true, true, false, false}};
+    for (const auto& one : cases) {
+        edit([&](frmEditUserPicture& editor) {
+            editor.Canvas1.Press(100, 100);
+            person.shiftKey = one.shift;
+            person.controlKey = one.control;
+            editor.Canvas1.Drag(200, 160);
+            editor.Canvas1.Drag(150, 130); // going back shortens nothing
+            EXPECT_EQ(at(editor, 190, 100) == black, one.across);
+            EXPECT_EQ(at(editor, 100, 155) == black, one.down);
+            EXPECT_EQ(at(editor, 200, 160) == black, one.freehand);
+            // Let go, the line runs on from the last place of the mouse.
+            person.shiftKey = person.controlKey = false;
+            editor.Canvas1.Drag(150, 300);
+            EXPECT_EQ(at(editor, 150, 200), black);
+            EXPECT_EQ(at(editor, 150, 110), clear);
+            editor.Canvas1.Release(150, 300);
+        });
+    }
+}
+
+TEST_F(UserPicture, WhiteErasesWhenTheMouseIsReleased)
+{
+    edit([&](frmEditUserPicture& editor) {
+        editor.PopupMenu2.ListIndex = 4;
+        stroke(editor, {{50, 50}, {100, 50}});
+        editor.PopupMenu1.ListIndex = 1;
+        editor.Canvas1.Press(70, 50);
+        editor.Canvas1.Drag(80, 50);
+        EXPECT_EQ(at(editor, 75, 52), white);
+        editor.Canvas1.Release(80, 50);
+        EXPECT_EQ(at(editor, 75, 52), clear);
+        EXPECT_EQ(at(editor, 69, 52), black);
+        EXPECT_EQ(at(editor, 85, 52), black);
+        EXPECT_EQ(at(editor, 200, 200), clear);
+    });
+}
+
+TEST_F(UserPicture, UndoGoesOneStepBack)
+{
+    const auto canUndo = [](frmEditUserPicture& editor) {
+        editor.Event_EnableMenuItems();
+        return editor.MenuBar->Find("mnUPEditUndo")->Enabled;
+    };
+    edit([&](frmEditUserPicture& editor) {
+        EXPECT_FALSE(canUndo(editor));
+        EXPECT_FALSE(editor.ChooseMenu("mnUPEditUndo"));
+        stroke(editor, {{10, 10}, {20, 10}});
+        const auto first = bytesOf(editor.myImage);
+        stroke(editor, {{10, 30}, {20, 30}});
+        EXPECT_TRUE(editor.ChooseMenu("mnUPEditUndo"));
+        EXPECT_EQ(bytesOf(editor.myImage), first);
+        EXPECT_FALSE(canUndo(editor));
+
+        // A click draws nothing and yet takes a step of undo.
+        stroke(editor, {{300, 300}});
+        editor.Canvas1.Press(310, 310);
+        editor.Canvas1.Release(310, 310);
+        EXPECT_EQ(at(editor, 310, 310), clear);
+        EXPECT_TRUE(canUndo(editor));
+
+        const auto drawing = bytesOf(editor.myImage);
+        EXPECT_TRUE(editor.ChooseMenu("mnuClearDrawing"));
+        EXPECT_EQ(bytesOf(editor.myImage), bytesOf(New<Picture>(756, 576)));
+        EXPECT_TRUE(editor.ChooseMenu("mnUPEditUndo"));
+        EXPECT_EQ(bytesOf(editor.myImage), drawing);
+    });
+}
+
+TEST_F(UserPicture, StretchesALoadedPictureOverTheDrawing)
+{
+    const auto picture = New<Picture>(4, 2, 32);
+    picture->Graphics().ForeColor = red;
+    picture->Graphics().FillRect(0, 0, 2, 2);
+    const auto file = folder.file("flag.bmp");
+    picture->Save(file, PictureFormat::Png, 100);
+    edit([&](frmEditUserPicture& editor) {
+        stroke(editor, {{600, 300}, {700, 300}});
+        const auto undo = editor.pUndo;
+        EXPECT_TRUE(editor.ChooseMenu("mnuOpenUserPicture"));
+        EXPECT_EQ(at(editor, 10, 10), clear);
+
+        person.open = [&](const FileFilter& filter) {
+            EXPECT_EQ(filter.size(), 3U);
+            return file;
+        };
+        EXPECT_TRUE(editor.ChooseMenu("mnuOpenUserPicture"));
+        for (const auto& [x, y] : {std::pair{0, 0}, {100, 400}, {0, 575}})
+            EXPECT_EQ(at(editor, x, y), red) << x << "," << y;
+        EXPECT_EQ(at(editor, 755, 575), clear);
+        EXPECT_EQ(at(editor, 650, 300), black);
+        EXPECT_TRUE(editor.pUndo == undo);
+
+        const auto before = bytesOf(editor.myImage);
+        person.open = [&](const FileFilter&) { return folder.file("no such file"); };
+        EXPECT_TRUE(editor.ChooseMenu("mnuOpenUserPicture"));
+        EXPECT_EQ(bytesOf(editor.myImage), before);
+        EXPECT_TRUE(person.messages.empty());
+    });
+}
+
+TEST_F(UserPicture, GoesToTheMapOnApplyAlone)
+{
+    edit([&](frmEditUserPicture& editor) {
+        stroke(editor, {{10, 10}, {20, 10}});
+        editor.PushButton2.Push();
+    });
+    EXPECT_FALSE(window.UserPicture);
+    EXPECT_TRUE(window.isDirty);
+
+    window.isDirty = false;
+    edit([&](frmEditUserPicture& editor) {
+        stroke(editor, {{10, 10}, {20, 10}});
+        editor.PushButton1.Push();
+    });
+    EXPECT_EQ(pixel(window.UserPicture, 15, 10), black);
+    EXPECT_EQ(pixel(window.myImage, 15, 10), black);
+    EXPECT_TRUE(window.isDirty);
+
+    const auto drawing = bytesOf(window.UserPicture);
+    edit([&](frmEditUserPicture& editor) {
+        EXPECT_EQ(bytesOf(editor.myImage), drawing);
+        editor.ChooseMenu("mnuClearDrawing");
+        editor.PushButton2.Push();
+    });
+    EXPECT_EQ(bytesOf(window.UserPicture), drawing);
+}
+
+TEST_F(UserPicture, LiesOverTheMapInBothOrientationsAndStaysClearWhenReopened)
+{
+    for (const int orientation : {0, 1}) {
+        window.pmLandscape.ListIndex = orientation;
+        window.pmBackground.ListIndex = 1;
+        window.UserPicture = nullptr;
+        const int width = orientation == 0 ? 756 : 576;
+        const int height = orientation == 0 ? 576 : 756;
+        edit([&](frmEditUserPicture& editor) {
+            EXPECT_EQ(editor.Canvas1.Width, width);
+            EXPECT_EQ(editor.Canvas1.Height, height);
+            editor.PopupMenu2.ListIndex = 4;
+            stroke(editor, {{300, 500}, {400, 500}});
+            editor.PopupMenu1.ListIndex = 1;
+            stroke(editor, {{340, 500}, {360, 500}});
+
+            const auto shown = New<Picture>(width, height);
+            editor.Canvas1.Paint(shown->Graphics());
+            EXPECT_EQ(pixel(shown, 0, 0), black);
+            EXPECT_EQ(pixel(shown, width - 1, height - 1), black);
+            EXPECT_EQ(pixel(shown, 310, 502), black);
+            EXPECT_EQ(pixel(shown, 350, 502), RGB(200, 200, 200));
+            editor.PushButton1.Push();
+        });
+        const auto page = bytesOf(window.myImage);
+        person.save = [this](const std::string&) { return folder.file("map.qrnm"); };
+        ASSERT_TRUE(window.mSave());
+        window.UserPicture = nullptr;
+        window.mOpen(folder.file("map.qrnm"));
+        EXPECT_EQ(bytesOf(window.myImage), page);
+        EXPECT_EQ(pixel(window.myImage, 310, 502), black);
+        EXPECT_EQ(pixel(window.myImage, 350, 502), RGB(200, 200, 200));
+        EXPECT_EQ(pixel(window.myImage, 5, 5), RGB(200, 200, 200));
+    }
+}
+
+TEST_F(UserPicture, BearsAMouseFarOutside)
+{
+    constexpr int far = std::numeric_limits<int>::max();
+    constexpr int near = std::numeric_limits<int>::min();
+    edit([&](frmEditUserPicture& editor) {
+        stroke(editor, {{100, 100}, {far, 100}, {far, far}, {near, near}, {near, 300}, {far, 300}});
+        EXPECT_EQ(at(editor, 700, 100), black);
+        EXPECT_EQ(at(editor, 0, 300), black);
+        person.shiftKey = true;
+        stroke(editor, {{near, 400}, {far, near}});
+        EXPECT_EQ(at(editor, 400, 400), black);
+        EXPECT_FALSE(editor.ChooseMenu("mnuSavePicture"));
+    });
+}
