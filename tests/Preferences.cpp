@@ -1,0 +1,168 @@
+#include "Fixture.h"
+
+#include "app/Module1.h"
+#include "app/iniClass.h"
+#include "toolkit/Platform.h"
+
+#include <fstream>
+
+using namespace quorrin;
+
+namespace {
+
+class IniFile : public testing::Test {
+protected:
+    void write(const std::string& content) { std::ofstream(file->Path(), std::ios::binary) << content; }
+    std::string content() const { return TextInputStream::Open(file)->ReadAll(); }
+
+    TestFolder folder;
+    Ref<FolderItem> file = folder.file("settings.ini");
+    iniClass ini{file};
+};
+
+} // namespace
+
+TEST_F(IniFile, FindsAValueByItsSectionAndKey)
+{
+    const struct {
+        const char* content;
+        const char* section;
+        const char* key;
+        const char* value;
+    } cases[] = {
+        {"[A]\rk=v\r", "A", "k", "v"},
+        {"[A]\rk=v\r", "B", "k", ""},
+        {"[A]\rk=v\r", "A", "x", ""},
+        {"[A]\rk=\r", "A", "k", ""},
+        {"[A]\rk=a=b==\r", "A", "k", "a=b=="},
+        {"[A]\rk=1\r[B]\rk=2\r", "B", "k", "2"},
+        {"[A]\r[B]\rk=2\r", "A", "k", "2"}, // the search goes on beyond the section
+        {"[A]\rlook=2\r", "A", "k", "2"},   // and takes any text that ends so
+        {"[A]\rk=unended", "A", "k", ""},
+        {"[A]", "A", "k", ""},
+        {"", "A", "k", ""},
+    };
+    for (const auto& one : cases) {
+        write(one.content);
+        std::string value = "old";
+        const auto length = ini.GetPreference(one.section, one.key, value);
+        EXPECT_EQ(value, one.value) << one.content;
+        EXPECT_EQ(length, static_cast<std::int64_t>(value.size()));
+        EXPECT_EQ(content(), one.content);
+    }
+}
+
+TEST_F(IniFile, PutsAValueInItsPlace)
+{
+    const struct {
+        const char* before;
+        const char* section;
+        const char* after;
+    } cases[] = {
+        {"", "A", "[A]\rk=new\r"},
+        {"[A]\rk=old\r", "A", "[A]\rk=new\r"},
+        {"[A]\rk=new\r", "A", "[A]\rk=new\r"},
+        {"[A]\rk=old\r", "B", "[A]\rk=old\r[B]\rk=new\r"},
+        {"[A]\rx=1\r", "A", "[A]\rx=1\rk=new\r"},
+        {"[A]\rx=1\r[B]\rk=2\r", "A", "[A]\rx=1\rk=new\r[B]\rk=2\r"},
+        {"[A]\rk=1\r[B]\rk=2\ry=3\r", "B", "[A]\rk=1\r[B]\rk=new\ry=3\r"},
+        {"[A]\rx=1\rk=old\ry=2\r[B]\rk=2\r", "A", "[A]\rx=1\rk=new\ry=2\r[B]\rk=2\r"},
+        {"[A]\rk=unended", "A", "[A]\rk=new\r"},
+        {"[A]\r", "A", "[A]\rk=new\r"},
+    };
+    for (const auto& one : cases) {
+        write(one.before);
+        ini.SetPreference(one.section, "k", "new");
+        EXPECT_EQ(content(), one.after) << one.before;
+        std::string value;
+        EXPECT_EQ(ini.GetPreference(one.section, "k", value), 3) << one.before;
+    }
+}
+
+TEST_F(IniFile, IsMadeByTheFirstValueAlone)
+{
+    std::string value;
+    EXPECT_EQ(ini.GetPreference("A", "k", value), 0);
+    EXPECT_FALSE(file->Exists());
+    ini.SetPreference("PageSetup", "Settings", "abc=");
+    EXPECT_EQ(content(), "[PageSetup]\rSettings=abc=\r");
+}
+
+TEST_F(IniFile, ThatCannotBeReadIsLeftAlone)
+{
+    file->CreateAsFolder();
+    std::string value;
+    EXPECT_EQ(ini.GetPreference("A", "k", value), 0);
+    ini.SetPreference("A", "k", "new");
+    iniClass(folder.file("no folder/settings.ini")).SetPreference("A", "k", "new");
+    EXPECT_FALSE(folder.file("no folder")->Exists());
+}
+
+namespace {
+
+class Preferences : public testing::Test {
+protected:
+    Preferences()
+    {
+        Module1::myPrinterSetup = nullptr;
+        app.Event_Open();
+    }
+    ~Preferences() override { Module1::myPrinterSetup = nullptr; }
+
+    TestFolder folder;
+    Ref<FolderItem> file = folder.file("ZVKQuorrinMapMaker/QuorrinMapMaker.ini");
+    ScriptedPlatform person;
+    App app;
+};
+
+} // namespace
+
+TEST_F(Preferences, AreEmptyAtFirst)
+{
+    EXPECT_TRUE(folder.file("ZVKQuorrinMapMaker")->Exists());
+    EXPECT_FALSE(file->Exists());
+    EXPECT_TRUE(Module1::myINI);
+    EXPECT_FALSE(Module1::myPrinterSetup);
+    EXPECT_EQ(Module1::sep, "\xbb");
+}
+
+TEST_F(Preferences, KeepThePageSetupAcrossRuns)
+{
+    // Long enough for several lines of base-64, and no text of ours.
+    std::string chosen;
+    for (int i = 0; i < 300; ++i)
+        chosen += static_cast<char>(i);
+    person.pageSetup = [&](PrinterSetup& setup) {
+        EXPECT_EQ(setup.SetupString, "");
+        setup.SetupString = chosen;
+        return true;
+    };
+    Module1::ShowPageSetup();
+    EXPECT_EQ(Module1::myPrinterSetup->SetupString, chosen);
+    const auto content = TextInputStream::Open(file)->ReadAll();
+    EXPECT_EQ(content.substr(0, 21), "[PageSetup]\rSettings=");
+    EXPECT_EQ(content.find_first_of("\r\n", 21), content.size() - 1);
+
+    Module1::myPrinterSetup = nullptr;
+    App().Event_Open();
+    ASSERT_TRUE(Module1::myPrinterSetup);
+    EXPECT_EQ(Module1::myPrinterSetup->SetupString, chosen);
+
+    // A cancelled dialog works on a copy.
+    person.pageSetup = [&](PrinterSetup& setup) {
+        EXPECT_EQ(setup.SetupString, chosen);
+        setup.SetupString = "tried";
+        return false;
+    };
+    Module1::ShowPageSetup();
+    EXPECT_EQ(Module1::myPrinterSetup->SetupString, chosen);
+    EXPECT_EQ(TextInputStream::Open(file)->ReadAll(), content);
+}
+
+TEST_F(Preferences, LeaveAFreshSetupAfterACancelledDialog)
+{
+    Module1::ShowPageSetup();
+    ASSERT_TRUE(Module1::myPrinterSetup);
+    EXPECT_EQ(Module1::myPrinterSetup->SetupString, "");
+    EXPECT_FALSE(file->Exists());
+}
