@@ -9,16 +9,23 @@
 
 namespace quorrin {
 
-const char* const usage = R"(Makes pictures of Quorrin maps, and newer map files of older ones, without a window.
+const char* const usage = R"(Makes pictures and prints of Quorrin maps, and newer map files of older ones,
+without a window.
 
   quorrin-map-batch export [--set] [-o DIR] MAP.qrnm...
       writes "Quorrin Map NAME.png" for each map; with --set the four pictures
       for players and Dungeon Master, in color and in black and white
+  quorrin-map-batch sheet [-o DIR] MAP.qrnm...
+      writes "NAME Character Sheet.jpg" for each map
+  quorrin-map-batch print [--what map|script|sheet] [--paper A4|Letter]
+                          [--landscape] [--copies N] [-o DIR] MAP.qrnm...
+      prints "NAME Map.pdf", "NAME Script.pdf" or "NAME Character Sheet.pdf"
+      for each map; the map in portrait on A4 when not told otherwise
   quorrin-map-batch upgrade -o DIR MAP.qrnm...
       writes each map, of whatever age, in the newest form under its own name
 
   -o, --output DIR   where the files go; made when it is not there
-                     (export: the current folder when not given)
+                     (the current folder when not given)
   -j, --jobs N       how many maps are worked on at a time (as many as there
                      are processors)
   -h, --help         shows this
@@ -30,13 +37,24 @@ A map that cannot be read is told and skipped; the exit status is 1 then, and
 
 namespace {
 
+/// The value of that name, or a UsageError that begins with the complaint.
+template <typename T>
+T choice(const char* complaint, std::string_view name, std::initializer_list<std::pair<const char*, T>> choices)
+{
+    for (const auto& [known, value] : choices)
+        if (name == known)
+            return value;
+    throw UsageError(std::string(complaint) + " \"" + std::string(name) + "\"");
+}
+
 Request::Command commandNamed(std::string_view name)
 {
-    if (name == "export")
-        return Request::Command::Export;
-    if (name == "upgrade")
-        return Request::Command::Upgrade;
-    throw UsageError("there is no command \"" + std::string(name) + "\"");
+    using Command = Request::Command;
+    return choice<Command>("there is no command", name,
+                           {{"export", Command::Export},
+                            {"sheet", Command::Sheet},
+                            {"print", Command::Print},
+                            {"upgrade", Command::Upgrade}});
 }
 
 int numberFrom1(const std::string& option, std::string_view text, int highest)
@@ -49,19 +67,25 @@ int numberFrom1(const std::string& option, std::string_view text, int highest)
     return number;
 }
 
-enum LongOnly { setOption = 1000, versionOption };
+enum LongOnly { setOption = 1000, whatOption, paperOption, landscapeOption, copiesOption, versionOption };
 
 constexpr option options[] = {
     {"output", required_argument, nullptr, 'o'},
     {"jobs", required_argument, nullptr, 'j'},
     {"help", no_argument, nullptr, 'h'},
     {"set", no_argument, nullptr, setOption},
+    {"what", required_argument, nullptr, whatOption},
+    {"paper", required_argument, nullptr, paperOption},
+    {"landscape", no_argument, nullptr, landscapeOption},
+    {"copies", required_argument, nullptr, copiesOption},
     {"version", no_argument, nullptr, versionOption},
     {nullptr, 0, nullptr, 0},
 };
 
-void check(const Request& request)
+void check(const Request& request, bool printOptions)
 {
+    if (printOptions && request.command != Request::Command::Print)
+        throw UsageError("--what, --paper, --landscape and --copies belong to print");
     if (request.pictureSet && request.command != Request::Command::Export)
         throw UsageError("--set belongs to export");
     if (request.command == Request::Command::Upgrade && request.folder.empty())
@@ -79,7 +103,9 @@ Request parseCommandLine(int argc, char** argv)
     opterr = 0;
     optind = 0;
     int chosen = 0;
+    bool printOptions = false;
     while ((chosen = getopt_long(argc, argv, ":o:j:h", options, nullptr)) != -1) {
+        printOptions = printOptions || (chosen >= whatOption && chosen <= copiesOption);
         switch (chosen) {
         case 'o':
             request.folder = optarg;
@@ -91,6 +117,21 @@ Request parseCommandLine(int argc, char** argv)
             break;
         case setOption:
             request.pictureSet = true;
+            break;
+        case whatOption:
+            request.what = choice<Request::Print>(
+                "--what takes map, script or sheet, not", optarg,
+                {{"map", Request::Print::Map}, {"script", Request::Print::Script}, {"sheet", Request::Print::Sheet}});
+            break;
+        case paperOption:
+            request.paper =
+                choice<const char*>("--paper takes A4 or Letter, not", optarg, {{"A4", "A4"}, {"Letter", "Letter"}});
+            break;
+        case landscapeOption:
+            request.landscape = true;
+            break;
+        case copiesOption:
+            request.copies = numberFrom1("--copies", optarg, 999);
             break;
         case 'h':
             request.command = Request::Command::Help;
@@ -108,7 +149,7 @@ Request parseCommandLine(int argc, char** argv)
         throw UsageError("no command is given");
     request.command = commandNamed(argv[optind]);
     request.maps.assign(argv + optind + 1, argv + argc);
-    check(request);
+    check(request, printOptions);
     return request;
 }
 

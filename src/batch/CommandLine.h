@@ -8,9 +8,15 @@ namespace quorrin {
 
 /// What the companion was asked to do.
 struct Request {
-    enum class Command { Help, Version, Export, Upgrade };
+    enum class Command { Help, Version, Export, Sheet, Print, Upgrade };
     Command command = Command::Help;
     bool pictureSet = false;
+    /// What is printed, and on what.
+    enum class Print { Map, Script, Sheet };
+    Print what = Print::Map;
+    std::string paper = "A4";
+    bool landscape = false;
+    int copies = 1;
     /// Where the files go; empty for the current folder.
     std::string folder;
     /// How many maps are worked on at a time.

@@ -1,14 +1,19 @@
 #include "batch/MapJob.h"
 
 #include "app/App.h"
+#include "app/Module1.h"
+#include "characters/Roster.h"
 #include "document/DocumentName.h"
 #include "document/Window1.h"
 #include "output/Export.h"
+#include "toolkit/Printing.h"
 #include "toolkit/ScriptedPlatform.h"
+#include "toolkit/Text.h"
 
 #include <unistd.h>
 
 #include <filesystem>
+#include <map>
 #include <stdexcept>
 
 namespace quorrin {
@@ -57,6 +62,12 @@ private:
     fs::path folder_;
 };
 
+const std::map<Request::Print, std::string> printNames{
+    {Request::Print::Map, " Map.pdf"},
+    {Request::Print::Script, " Script.pdf"},
+    {Request::Print::Sheet, " Character Sheet.pdf"},
+};
+
 fs::path targetFolder(const Request& request)
 {
     return request.folder.empty() ? fs::path(".") : fs::path(request.folder);
@@ -74,11 +85,32 @@ void open(Window1& window, const ScriptedPlatform& platform, const std::string& 
         throw std::runtime_error(platform.messages.front());
 }
 
+void print(Request::Print what, Window1& window)
+{
+    switch (what) {
+    case Request::Print::Map:
+        window.ChooseMenu("mnuPrint");
+        break;
+    case Request::Print::Script:
+        window.btnPrint.Push();
+        break;
+    case Request::Print::Sheet:
+        window.btnPrintCharacters.Push();
+        break;
+    }
+}
+
 void carryOut(const Request& request, Window1& window)
 {
     switch (request.command) {
     case Request::Command::Export:
         window.ChooseMenu(request.pictureSet ? "mnuExportPictureSeries" : "mnuSavePicture");
+        break;
+    case Request::Command::Sheet:
+        window.btnSaveCharacters.Push();
+        break;
+    case Request::Command::Print:
+        print(request.what, window);
         break;
     case Request::Command::Upgrade:
         if (!window.mSave())
@@ -95,10 +127,17 @@ void carryOut(const Request& request, Window1& window)
 std::vector<std::string> outputNames(const Request& request, const std::string& map)
 {
     const auto fileName = fs::path(map).filename().string();
-    if (request.command == Request::Command::Upgrade)
-        return {fileName};
     const auto name = documentName(fileName);
-    return request.pictureSet ? seriesFileNames(name) : std::vector{pictureFileName(name)};
+    switch (request.command) {
+    case Request::Command::Upgrade:
+        return {fileName};
+    case Request::Command::Sheet:
+        return {sheetFileName(name)};
+    case Request::Command::Print:
+        return {Trim(name + printNames.at(request.what))};
+    default:
+        return request.pictureSet ? seriesFileNames(name) : std::vector{pictureFileName(name)};
+    }
 }
 
 void runJob(const Request& request, const std::string& map)
@@ -119,7 +158,14 @@ void runJob(const Request& request, const std::string& map)
     const Staging staging(targetFolder(request));
     const bool keepsFileName = request.command == Request::Command::Upgrade;
     platform.save = [&](const std::string& proposed) { return staging.file(keepsFileName ? names[0] : proposed); };
+    Module1::myPrinterSetup = New<PrinterSetup>(setupOfPaper(request.paper, request.landscape));
+    platform.printer = [&](const PrinterSetup& setup) {
+        return printToPdf(staging.file(names[0])->Path(), setup, request.copies,
+                          [&](const std::string& fault) { platform.MsgBox(fault); });
+    };
     carryOut(request, window);
+    if (!platform.messages.empty())
+        throw std::runtime_error(platform.messages.front());
     staging.publish(names);
 }
 

@@ -40,6 +40,11 @@ std::int64_t tokenAt(int x, int y)
     return 0;
 }
 
+std::string sheetFileName(const std::string& documentName)
+{
+    return Trim(documentName + " Character Sheet.jpg");
+}
+
 void drawRoster(const Window1& window, Graphics& g)
 {
     for (std::int64_t i = 1; i <= Window1::characters; ++i) {
@@ -81,8 +86,7 @@ void Window1::btnSaveCharacters_Action()
     try {
         const auto sheet = New<Picture>(cvCharacters.Width, cvCharacters.Height, 32);
         drawRoster(*this, sheet->Graphics());
-        const auto name = Trim(mySavedFileName + " Character Sheet.jpg");
-        if (const auto file = GetSaveFolderItem({FileTypes1::Jpeg}, name))
+        if (const auto file = GetSaveFolderItem({FileTypes1::Jpeg}, sheetFileName(mySavedFileName)))
             sheet->Save(file, PictureFormat::Jpeg, 100);
     } catch (const std::exception&) {
         MsgBox("Error saving character sheet.");

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 
 namespace quorrin {
 
@@ -14,6 +15,9 @@ inline constexpr std::int64_t tokenHeight = 270;
 /// The number of the token, 1 to 20, that a click at x, y of the roster opens; 0 for none. The regions are looser than
 /// the tokens that one sees: the margins above and below count, and a column is a pixel wider.
 std::int64_t tokenAt(int x, int y);
+
+/// The file name that is proposed for the sheet of a document; its name may be empty.
+std::string sheetFileName(const std::string& documentName);
 
 /// Draws the twenty tokens in their two rows, on the screen, on paper and into a file alike.
 void drawRoster(const Window1& window, Graphics& g);

@@ -31,6 +31,8 @@ public:
     {
         if (!painter_.begin(device_.get()))
             throw IOException("The printer cannot be started.");
+        // Line art shows the traces of JPEG, which a PDF would use otherwise.
+        painter_.setRenderHint(QPainter::LosslessImageRendering);
         useUnits();
     }
     QPainter* painter() override { return painter_.isActive() ? &painter_ : nullptr; }
@@ -167,6 +169,11 @@ void QtBridge::readSetup(const QPagedPaintDevice& device, PrinterSetup& setup)
                             .arg(margins.right())
                             .arg(margins.bottom())
                             .toStdString();
+}
+
+PrinterSetup setupOfPaper(const std::string& paper, bool landscape)
+{
+    return {"paper=" + paper + ";orientation=" + (landscape ? "landscape" : "portrait")};
 }
 
 std::unique_ptr<Graphics> printToPdf(const std::string& path, const PrinterSetup& setup, int copies, Failed failed)
