@@ -25,6 +25,21 @@ status 0 "$program" upgrade -o new -- *.qrnm
 status 0 "$program" upgrade -o newer new/*.qrnm
 diff -r new newer || fail "a second upgrade changes the map"
 
+# The sheet of each map, and prints of one page or as many as there are copies.
+status 0 "$program" sheet -o sheets -- *.qrnm
+file=$(printf 'sheets/%s Character Sheet.jpg' "$name")
+[ "$(head -c 3 "$file" | od -An -tx1)" = " ff d8 ff" ] || fail "no JPEG"
+printed() { pdfinfo "$1" | sed -n "s/^$2: *//p"; }
+status 0 "$program" print --paper Letter --copies 3 -o prints "$sample"
+[ "$(printed "prints/$name Map.pdf" Pages)" = 3 ] || fail "not three copies of the map"
+[ "$(printed "prints/$name Map.pdf" 'Page size')" = "612 x 792 pts (letter)" ] || fail "no Letter"
+status 0 "$program" print --what sheet --landscape -o prints "$sample"
+[ "$(printed "prints/$name Character Sheet.pdf" 'Page size')" = "842 x 595 pts (A4)" ] || fail "no landscape A4"
+status 0 "$program" print --what script --copies 3 -o prints "$sample"
+[ "$(printed "prints/$name Script.pdf" Pages)" = 1 ] || fail "not one set of the script"
+pdftotext -layout "prints/$name Script.pdf" - | grep -qx 'Monster:' || fail "the script is not printed as text"
+[ "$(ls -A prints | wc -l)" = 3 ] || fail "something else was printed"
+
 # A bad map is told and skipped, nothing is written for it, and the others are done.
 printf 'a letter' >letter.qrnm
 : >empty.qrnm
@@ -50,6 +65,10 @@ status 2 "$program"
 status 2 "$program" export
 status 2 "$program" upgrade "$sample"
 status 2 "$program" export --jobs none "$sample"
+status 2 "$program" print --what picture "$sample"
+status 2 "$program" print --paper Napkin "$sample"
+status 2 "$program" print --copies 0 "$sample"
+status 2 "$program" sheet --landscape "$sample"
 status 2 "$program" export --frobnicate "$sample"
 grep -q -- --help err || fail "no hint"
 status 0 "$program" --help
