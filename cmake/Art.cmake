@@ -1,5 +1,5 @@
-# Builds the pictures from resources/art and embeds them: quorrin_add_art(<target>).
-# The resource is named art, so a static library's user calls Q_INIT_RESOURCE(art).
+# Builds the pictures from resources/art and embeds them: quorrin_add_art(<target>). The assembler takes them into the
+# executable as they are; as a C++ source they would be 34 megabytes of digits to compile.
 
 option(QUORRIN_ART_COMPLETE "Refuse to build while a drawing is missing" OFF)
 set(QUORRIN_ART_PYTHON /usr/bin/python3 CACHE FILEPATH "Python with numpy and PIL")
@@ -28,19 +28,22 @@ add_custom_command(
   DEPENDS ${art_inputs} ${PROJECT_SOURCE_DIR}/tools/build_art.py
   COMMENT "Drawing the pictures"
   VERBATIM)
+# The oldest form of the file carries no times, so the same pictures always give the same bytes.
 add_custom_command(
-  OUTPUT ${QUORRIN_ART_DIR}/qrc_art.cpp
-  COMMAND Qt6::rcc --name art -o ${QUORRIN_ART_DIR}/qrc_art.cpp ${QUORRIN_ART_DIR}/art.qrc
+  OUTPUT ${QUORRIN_ART_DIR}/art.rcc
+  COMMAND Qt6::rcc --binary --no-compress --format-version 1 -o ${QUORRIN_ART_DIR}/art.rcc ${QUORRIN_ART_DIR}/art.qrc
   DEPENDS ${QUORRIN_ART_DIR}/stamp
   COMMENT "Embedding the pictures"
   VERBATIM)
-add_custom_target(art_pictures DEPENDS ${QUORRIN_ART_DIR}/stamp ${QUORRIN_ART_DIR}/qrc_art.cpp)
+add_custom_target(art_pictures DEPENDS ${QUORRIN_ART_DIR}/stamp ${QUORRIN_ART_DIR}/art.rcc)
 
-# Compiles the pictures into TARGET and lets it include ArtPictures.inc.
+# Embeds the pictures into TARGET and lets it include ArtPictures.inc.
 function(quorrin_add_art TARGET)
-  target_sources(${TARGET} PRIVATE ${QUORRIN_ART_DIR}/qrc_art.cpp)
-  set_source_files_properties(${QUORRIN_ART_DIR}/qrc_art.cpp TARGET_DIRECTORY ${TARGET}
-                              PROPERTIES GENERATED TRUE SKIP_AUTOGEN TRUE)
+  set(embedding ${PROJECT_SOURCE_DIR}/src/toolkit/EmbeddedArt.S)
+  target_sources(${TARGET} PRIVATE ${embedding})
+  set_source_files_properties(${embedding} TARGET_DIRECTORY ${TARGET}
+                              PROPERTIES COMPILE_DEFINITIONS ART_FILE="${QUORRIN_ART_DIR}/art.rcc"
+                                         OBJECT_DEPENDS ${QUORRIN_ART_DIR}/art.rcc)
   target_include_directories(${TARGET} PUBLIC ${QUORRIN_ART_DIR})
   add_dependencies(${TARGET} art_pictures)
 endfunction()

@@ -1,14 +1,12 @@
 #include "toolkit/Application.h"
 
 #include <QGuiApplication>
+#include <QResource>
 
 #include <cstdio>
 
-// Outside every namespace, as Qt wants it.
-static void initialiseArtResource()
-{
-    Q_INIT_RESOURCE(art);
-}
+// In EmbeddedArt.S.
+extern "C" const unsigned char quorrinEmbeddedArt[];
 
 namespace quorrin {
 
@@ -48,7 +46,7 @@ ScreenlessToolkit::~ScreenlessToolkit()
 
 void registerArt()
 {
-    initialiseArtResource();
+    QResource::registerResource(quorrinEmbeddedArt);
 }
 
 } // namespace quorrin
