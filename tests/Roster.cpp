@@ -96,6 +96,17 @@ TEST_F(Roster, DrawsTwoRowsOfTen)
     }
 }
 
+TEST_F(Roster, TellsWhatLiesAtAPlace)
+{
+    window.myCharacters(12)->Number = 7;
+    window.myCharacters(12)->Icon = New<Picture>(1, 1);
+    EXPECT_EQ(window.cvCharacters.DescribePlace(105, 300), "Character 12, number 7");
+    EXPECT_EQ(window.cvCharacters.DescribePlace(105, 20), "Character 2, no picture");
+    EXPECT_EQ(window.cvCharacters.DescribePlace(100, 20), "");
+    EXPECT_EQ(window.cvCharacters.PlaceAt(100, 20).Width, 0);
+    EXPECT_EQ(window.cvCharacters.PlaceAt(130, 560).Top, 295);
+}
+
 TEST_F(Roster, SavesTheSheetAsJpeg)
 {
     window.btnSaveCharacters.Push();

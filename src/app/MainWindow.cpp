@@ -1,4 +1,5 @@
 #include "app/App.h"
+#include "characters/Roster.h"
 #include "document/Window1.h"
 #include "edit/HitTest.h"
 
@@ -63,6 +64,8 @@ Window1::Window1() : Window(Kind::Main, "Quorrin Map Maker", 1104, 796)
     nameControls(*this);
     Canvas1.DescribePlace = [this](int x, int y) { return DescribeSquare(x, y); };
     Canvas1.PlaceAt = [this](int x, int y) { return hitBox(squareAt(mySquares, x, y)); };
+    cvCharacters.DescribePlace = [this](int x, int y) { return describeToken(*this, x, y); };
+    cvCharacters.PlaceAt = [](int x, int y) { return tokenFrame(tokenAt(x, y)); };
     btnMaze.Enabled = false;
     MenuBar = makeMainMenuBar();
     AddMenuHandlers();

@@ -13,16 +13,16 @@ namespace quorrin {
 
 namespace {
 
-constexpr std::int64_t columnPitch = 70;
-constexpr std::int64_t tokensPerRow = 10;
-constexpr std::int64_t upperRowTop = 15;
-constexpr std::int64_t lowerRowTop = 295;
+constexpr int columnPitch = 70;
+constexpr int tokensPerRow = 10;
+constexpr int upperRowTop = 15;
+constexpr int lowerRowTop = 295;
 /// Clicks from here on no longer count for the upper row.
-constexpr std::int64_t upperRowEnd = 290;
+constexpr int upperRowEnd = 290;
 
-constexpr std::int64_t leftOfColumn(std::int64_t column)
+constexpr int leftOfColumn(std::int64_t column)
 {
-    return column * columnPitch - 35;
+    return static_cast<int>(column) * columnPitch - 35;
 }
 
 } // namespace
@@ -40,6 +40,25 @@ std::int64_t tokenAt(int x, int y)
     return 0;
 }
 
+Frame tokenFrame(std::int64_t token)
+{
+    if (token == 0)
+        return {};
+    const bool upper = token <= tokensPerRow;
+    return {static_cast<int>(leftOfColumn(upper ? token : token - tokensPerRow)), upper ? upperRowTop : lowerRowTop,
+            tokenWidth, tokenHeight};
+}
+
+std::string describeToken(const Window1& window, int x, int y)
+{
+    const auto token = tokenAt(x, y);
+    if (token == 0)
+        return {};
+    const auto& character = *window.myCharacters(token);
+    return "Character " + Str(token) + (character.Number > 0 ? ", number " + Str(character.Number) : "")
+           + (character.Icon ? "" : ", no picture");
+}
+
 std::string sheetFileName(const std::string& documentName)
 {
     return Trim(documentName + " Character Sheet.jpg");
@@ -48,11 +67,10 @@ std::string sheetFileName(const std::string& documentName)
 void drawRoster(const Window1& window, Graphics& g)
 {
     for (std::int64_t i = 1; i <= Window1::characters; ++i) {
-        const bool upper = i <= tokensPerRow;
-        const auto token = New<Picture>(tokenWidth, tokenHeight);
+        const auto frame = tokenFrame(i);
+        const auto token = New<Picture>(frame.Width, frame.Height);
         window.myCharacters(i)->DrawCharacter(token->Graphics());
-        g.DrawPicture(token, static_cast<double>(leftOfColumn(upper ? i : i - tokensPerRow)),
-                      static_cast<double>(upper ? upperRowTop : lowerRowTop));
+        g.DrawPicture(token, frame.Left, frame.Top);
     }
 }
 

@@ -18,9 +18,6 @@ constexpr double shrinkStep = 0.9;
 /// The side of the blank picture that stands for none.
 constexpr std::int64_t blankSide = 32;
 
-/// The colour mode of pictures that come from the catalogue.
-constexpr std::int64_t colorSolid = 1;
-
 } // namespace
 
 void cCharacter::DrawCharacter(Graphics& g) const
@@ -91,7 +88,7 @@ Ref<Picture> cCharacter::FlipIcon(const Ref<Picture>& src)
 void cCharacter::LoadIcon()
 {
     const double number = Val(IconData);
-    Icon = number < 0 ? Window1::Shared().DrawObject(Int(std::abs(number)), colorSolid) : Picture::FromData(IconData);
+    Icon = number < 0 ? Window1::Shared().DrawObject(Int(std::abs(number)), solidColor) : Picture::FromData(IconData);
 }
 
 } // namespace quorrin

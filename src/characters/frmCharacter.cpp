@@ -16,8 +16,6 @@ using Module1::useThisCharacter;
 namespace {
 
 constexpr std::int64_t highestNumber = 99;
-/// The colour mode of pictures that come from the catalogue.
-constexpr std::int64_t colorSolid = 1;
 
 } // namespace
 
@@ -71,7 +69,7 @@ bool frmCharacter::BevelButton1_MouseDown(int, int)
     main.ShowObjectPopupMenu(base, "");
     if (const auto chosen = platform().PopUp(base)) {
         const auto object = Int(Val(chosen->Tag));
-        useThisCharacter->Icon = main.DrawObject(object, colorSolid);
+        useThisCharacter->Icon = main.DrawObject(object, solidColor);
         useThisCharacter->IconData = Str(-object);
         Canvas1.Refresh(true);
         Canvas2.Refresh(true);

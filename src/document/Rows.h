@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -18,6 +19,8 @@ inline const Rows gridRows{"No Grid", "Solid Grid", "Blurry Grid", "Light Grey G
 inline const Rows visibleLayerRows{"All Layers", "Bottom Layer", "Top Layer"};
 inline const Rows objectLayerRows{"Bottom Layer", "Top Layer"};
 inline const Rows colorRows{"Color Translucent", "Color Solid", "B/W"};
+/// The row of colorRows in which menus and tokens show the objects.
+inline constexpr std::int64_t solidColor = 1;
 
 /// The captions of all 144 objects in the order of their numbers, from the catalogue.
 const Rows& objectRows();

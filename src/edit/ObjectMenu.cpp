@@ -16,7 +16,6 @@ constexpr std::pair<Group, const char*> groupMenus[] = {
 };
 
 constexpr int iconSize = 32;
-constexpr int solidColor = 1;
 
 Ref<Picture> menuIcon(const Ref<Picture>& tile)
 {
