@@ -1,7 +1,6 @@
 # Builds the pictures from resources/art and embeds them: quorrin_add_art(<target>). The assembler takes them into the
 # executable as they are; as a C++ source they would be 34 megabytes of digits to compile.
 
-option(QUORRIN_ART_COMPLETE "Refuse to build while a drawing is missing" OFF)
 set(QUORRIN_ART_PYTHON /usr/bin/python3 CACHE FILEPATH "Python with numpy and PIL")
 find_program(RSVG_CONVERT rsvg-convert REQUIRED)
 execute_process(COMMAND ${QUORRIN_ART_PYTHON} -c "import numpy, PIL" RESULT_VARIABLE art_python_fault ERROR_QUIET)
@@ -13,17 +12,13 @@ set(QUORRIN_ART_DIR ${CMAKE_BINARY_DIR}/art)
 set(art_source ${PROJECT_SOURCE_DIR}/resources/art)
 file(GLOB_RECURSE art_inputs CONFIGURE_DEPENDS ${art_source}/*.svg ${art_source}/*.css ${art_source}/*.txt
      ${PROJECT_SOURCE_DIR}/tools/art/*.py)
-set(art_flags "")
-if(QUORRIN_ART_COMPLETE)
-  set(art_flags --no-placeholders)
-endif()
 
 # art.qrc and ArtPictures.inc change only with the list of pictures; the stamp with every picture.
 add_custom_command(
   OUTPUT ${QUORRIN_ART_DIR}/stamp
   BYPRODUCTS ${QUORRIN_ART_DIR}/art.qrc ${QUORRIN_ART_DIR}/ArtPictures.inc
   COMMAND ${QUORRIN_ART_PYTHON} ${PROJECT_SOURCE_DIR}/tools/build_art.py
-          --source ${art_source} --out ${QUORRIN_ART_DIR} ${art_flags}
+          --source ${art_source} --out ${QUORRIN_ART_DIR}
   COMMAND ${CMAKE_COMMAND} -E touch ${QUORRIN_ART_DIR}/stamp
   DEPENDS ${art_inputs} ${PROJECT_SOURCE_DIR}/tools/build_art.py
   COMMENT "Drawing the pictures"

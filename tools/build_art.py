@@ -1,7 +1,7 @@
 #!/usr/bin/python3
 """Rasterises the drawings of resources/art into the pictures of the program.
 
-usage: build_art.py --source resources/art --out DIR [--no-placeholders]
+usage: build_art.py --source resources/art --out DIR
 """
 
 import argparse
@@ -16,16 +16,10 @@ def main():
     parser = argparse.ArgumentParser(description="Rasterises the drawings into the program's pictures.")
     parser.add_argument("--source", default="resources/art", type=Path)
     parser.add_argument("--out", required=True, type=Path)
-    parser.add_argument("--no-placeholders", action="store_true", help="refuse a drawing that does not exist")
     options = parser.parse_args()
     try:
         rows = manifest.read(options.source)
-        missing = sorted({str(r.file(options.source)) for r in rows if not build.is_drawn(r, options.source)})
         refusals = build.build_rows(rows, options.source, options.out)
-        if missing and options.no_placeholders:
-            refusals += [f"{path}: there is no such drawing" for path in missing]
-        elif missing:
-            print(f"{len(missing)} drawings are placeholders:", *(Path(path).stem for path in missing))
         if refusals:
             raise Refusal("\n".join(refusals))
         build.write_lists(rows, options.out)

@@ -45,8 +45,8 @@ def make_sheet(options, rows, chosen):
     """The sheet and the refusals; what is refused is left out of the sheet."""
     pages = {"Parchment", "GrassParchment"} | ({options.on} if options.page else set())
     support = [page_row(rows, name) for name in sorted(pages)]
-    grid = [row for row in rows if row.colour == "GridLand" and build.is_drawn(row, options.source)]
-    refusals = build.build_rows([*chosen, *support, *grid], options.source, options.work)
+    support.append(next(row for row in rows if row.colour == "GridLand"))
+    refusals = build.build_rows([*chosen, *support], options.source, options.work)
     built = sheet.Built(options.work)
     good = [row for row in chosen if not any(str(row.file(options.source)) + ":" in text for text in refusals)]
     if not good or not all((options.work / f"{row.title}.png").exists() for row in support):
@@ -55,8 +55,8 @@ def make_sheet(options, rows, chosen):
     if not objects:
         return sheet.pages_sheet(built, good), refusals
     if options.page:
-        grid_picture = built.picture("GridLand") if grid else None
-        return sheet.sample_page(built, objects, built.picture(options.on), grid_picture, options.look), refusals
+        page, grid = built.picture(options.on), built.picture("GridLand")
+        return sheet.sample_page(built, objects, page, grid, options.look), refusals
     parchment, grass = built.picture("Parchment"), built.picture("GrassParchment")
     scale, columns = (2, 6) if options.all else (4, 2)
     return sheet.contact_sheet(built, objects, parchment, grass, scale, columns), refusals

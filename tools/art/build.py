@@ -6,7 +6,7 @@ import os
 from concurrent.futures import ThreadPoolExecutor
 from pathlib import Path
 
-from . import Refusal, pictures, placeholder
+from . import Refusal, pictures
 from .drawing import Studio
 
 RECORD = "built.json"
@@ -25,10 +25,6 @@ def key_of(row, source, common):
 def write_if_changed(path, text):
     if not path.exists() or path.read_text() != text:
         path.write_text(text)
-
-
-def is_drawn(row, source):
-    return row.file(source).exists()
 
 
 def stale_rows(rows, source, out, common, record):
@@ -51,8 +47,7 @@ def build_rows(rows, source, out):
 
     def work(row):
         try:
-            drawn = is_drawn(row, source)
-            return row, (pictures.make(studio, row) if drawn else placeholder.make(row)), None
+            return row, pictures.make(studio, row), None
         except Refusal as refusal:
             return row, None, str(refusal)
 
@@ -63,19 +58,16 @@ def build_rows(rows, source, out):
                 refusals.append(refusal)
                 record.pop(row.title, None)
             else:
-                record[row.title] = save(row, made, out, is_drawn(row, source), rows, source)
-                record[row.title]["key"] = key_of(row, source, common)
+                record[row.title] = {"key": key_of(row, source, common), **save(row, made, out)}
     refusals += shared_mask_faults(rows, source, record)
     write_if_changed(record_path, json.dumps(record, indent=1, sort_keys=True))
     return sorted(set(refusals))
 
 
-def save(row, made, out, drawn, rows, source):
-    """Writes a row's pictures; a placeholder leaves a mask to the drawings that share it."""
+def save(row, made, out):
+    """Writes a row's pictures; returns what tells its mask from another."""
     for name, picture in made.items():
-        shared = name == row.mask and any(r.mask == name and is_drawn(r, source) for r in rows)
-        if drawn or not shared or not (out / f"{name}.png").exists():
-            picture.save(out / f"{name}.png")
+        picture.save(out / f"{name}.png")
     mask = made.get(row.mask)
     return {"mask": hashlib.sha1(mask.tobytes()).hexdigest() if mask else None}
 
@@ -83,7 +75,7 @@ def save(row, made, out, drawn, rows, source):
 def shared_mask_faults(rows, source, record):
     first, faults = {}, []
     for row in rows:
-        if not row.mask or row.title not in record or not is_drawn(row, source):
+        if not row.mask or row.title not in record:
             continue
         other = first.setdefault(row.mask, row)
         if record[other.title]["mask"] != record[row.title]["mask"]:

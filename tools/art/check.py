@@ -129,5 +129,7 @@ def check_declaration(path, declaration, shared_ids):
 def parse(path):
     try:
         return ET.parse(path).getroot()
+    except FileNotFoundError:
+        raise Refusal(f"{path}: there is no such drawing") from None
     except (ET.ParseError, UnicodeDecodeError) as error:
         raise Refusal(f"{path}: {error}") from error

@@ -70,6 +70,15 @@ def check_cover(path, pixels, what):
         raise Refusal(f"{path}: {what} must cover all its pixels, but {x},{y} is clear")
 
 
+def check_wraps(path, looks):
+    """A terrain is drawn beyond its edges as it begins on the far side, so that its tiles join without a seam."""
+    for look, pixels in looks.items():
+        for axis, sides in ((0, "top and bottom"), (1, "left and right")):
+            line = np.moveaxis(pixels, axis, 0)
+            if max(np.abs(line[:RING] - line[-2 * RING:-RING]).max(), np.abs(line[-RING:] - line[RING:2 * RING]).max()) > 0.1:
+                raise Refusal(f"{path}: {sides} do not join ({look})")
+
+
 def check_not_empty(path, looks):
     for look, pixels in looks.items():
         if (pixels[..., 3] >= EDGE).sum() < 12:
@@ -91,6 +100,8 @@ def checked(path, row, looks):
     if row.kind in ("object", "terrain"):
         if row.kind == "object":
             check_object(path, looks, row.bleed)
+        else:
+            check_wraps(path, looks)
         looks = {look: pixels[RING:-RING, RING:-RING] for look, pixels in looks.items()}
     if row.kind in ("terrain", "page"):
         check_cover(path, looks["colour"], row.kind)

@@ -115,21 +115,10 @@ def contact_sheet(built, rows, parchment, grass, scale, columns):
     return sheet
 
 
-def draw_grid(page):
-    draw = ImageDraw.Draw(page)
-    for y in range(41, 538, PITCH):
-        draw.line((6, y, 750, y), (60, 50, 40, 255))
-    for x in range(6, 751, PITCH):
-        draw.line((x, 41, x, 537), (60, 50, 40, 255))
-
-
 def sample_page(built, rows, page, grid, look):
     """A landscape page with the rows' objects one a square, repeated until it is half full."""
     result = page.crop((0, 0, 756, 576)).convert("RGBA")
-    if grid:
-        result.alpha_composite(grid)
-    else:
-        draw_grid(result)
+    result.alpha_composite(grid)
     tiles = [getattr(built, look)(row) for row in rows]
     count = max(len(tiles), 48 // len(tiles) * len(tiles))
     for at in range(min(count, 96)):
