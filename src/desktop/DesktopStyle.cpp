@@ -1,6 +1,7 @@
 #include "desktop/DesktopStyle.h"
 
 #include <QFontMetrics>
+#include <QStyleOptionMenuItem>
 #include <QWidget>
 
 namespace quorrin {
@@ -16,6 +17,17 @@ int DesktopStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, co
     if (metric == PM_TabBarTabHSpace)
         return 16;
     return QProxyStyle::pixelMetric(metric, option, widget);
+}
+
+/// Makes room for the pictures of a menu, which the style would let run into each other.
+QSize DesktopStyle::sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& size,
+                                     const QWidget* widget) const
+{
+    QSize room = QProxyStyle::sizeFromContents(type, option, size, widget);
+    const auto* entry = type == CT_MenuItem ? qstyleoption_cast<const QStyleOptionMenuItem*>(option) : nullptr;
+    if (entry && !entry->icon.isNull())
+        room.setHeight(qMax(room.height(), pixelMetric(PM_SmallIconSize, option, widget) + 2));
+    return room;
 }
 
 int DesktopStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,

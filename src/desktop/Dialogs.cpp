@@ -14,10 +14,14 @@ namespace quorrin {
 
 namespace {
 
-/// The folder of the last file dialog.
+/// The folder of the last file dialog, at first that of documents.
 QString& lastFolder()
 {
-    static QString folder = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    static QString folder;
+    if (!QFileInfo(folder).isDir())
+        folder = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    if (!QFileInfo(folder).isDir())
+        folder = QDir::homePath();
     return folder;
 }
 

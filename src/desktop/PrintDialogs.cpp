@@ -28,7 +28,11 @@ std::unique_ptr<Graphics> printerDialog(const PrinterSetup& setup)
     QtBridge::applySetup(setup, *printer);
     printer->setDocName(QStringLiteral("Quorrin Map Maker"));
     QPrintDialog dialog(printer.get(), frontWidget());
-    dialog.setOptions(QAbstractPrintDialog::PrintToFile);
+    // Every print is a whole one; Qt offers a range of pages all the same.
+    dialog.setOptions(QAbstractPrintDialog::PrintToFile | QAbstractPrintDialog::PrintShowPageSize);
+    for (const char* choice : {"gbPrintRange", "reverse"})
+        if (auto* widget = dialog.findChild<QWidget*>(choice))
+            widget->setEnabled(false);
     if (dialog.exec() != QDialog::Accepted)
         return nullptr;
     const int copies = printer->copyCount();
