@@ -45,8 +45,8 @@ Frame tokenFrame(std::int64_t token)
     if (token == 0)
         return {};
     const bool upper = token <= tokensPerRow;
-    return {static_cast<int>(leftOfColumn(upper ? token : token - tokensPerRow)), upper ? upperRowTop : lowerRowTop,
-            tokenWidth, tokenHeight};
+    return {leftOfColumn(upper ? token : token - tokensPerRow), upper ? upperRowTop : lowerRowTop, tokenWidth,
+            tokenHeight};
 }
 
 std::string describeToken(const Window1& window, int x, int y)

@@ -1,0 +1,102 @@
+#include "Pages.h"
+
+#include "document/Window1.h"
+#include "toolkit/ScriptedPlatform.h"
+#include "toolkit/Text.h"
+
+#include <fstream>
+#include <regex>
+#include <sstream>
+#include <stdexcept>
+
+namespace quorrin {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+std::string read(const fs::path& path)
+{
+    std::ifstream file(path, std::ios::binary);
+    std::ostringstream all;
+    if (!file || !(all << file.rdbuf()))
+        throw std::runtime_error("cannot read " + path.string());
+    return all.str();
+}
+
+void write(const fs::path& path, const std::string& text)
+{
+    std::ofstream file(path, std::ios::binary);
+    if (!file.write(text.data(), static_cast<std::streamsize>(text.size())).flush())
+        throw std::runtime_error("cannot write " + path.string());
+}
+
+std::string withPictures(const std::string& page, const fs::path& target)
+{
+    static const std::regex request(R"(<!-- picture: (\S+) \| (.+?) -->)");
+    std::string result;
+    auto rest = page.cbegin();
+    for (std::sregex_iterator found(page.begin(), page.end(), request), end; found != end; ++found) {
+        result.append(rest, (*found)[0].first);
+        rest = (*found)[0].second;
+        const std::string name = (*found)[1];
+        const std::string caption = (*found)[2];
+        if (fs::exists(target / "images" / name))
+            result += "<figure><img src=\"images/" + name + "\" alt=\"" + caption + "\"><figcaption>" + caption
+                      + "</figcaption></figure>";
+    }
+    return result.append(rest, page.cend());
+}
+
+/// The page in the frame that all share; its title is its first heading.
+std::string framed(const std::string& frame, const std::string& page)
+{
+    std::smatch heading;
+    if (!std::regex_search(page, heading, std::regex("<h1>(.+?)</h1>")))
+        throw std::runtime_error("a help page without a heading");
+    return ReplaceAll(ReplaceAll(frame, "{title}", heading[1].str()), "{page}", page);
+}
+
+/// The objects in the groups of the program's own menu.
+std::string objectsPage()
+{
+    const ScriptedPlatform nobody;
+    Window1 window;
+    window.Event_Open();
+    MenuItem menu;
+    window.ShowObjectPopupMenu(menu, "");
+
+    std::string page = "<h1>All objects</h1>\n<p>Each object in color and in black and white, in the groups of the "
+                       "object menu.</p>\n";
+    for (const auto& group : menu.Items()) {
+        if (group->Items().empty())
+            continue;
+        page += "<h2>" + group->Text + "</h2>\n<ul class=\"objects\">\n";
+        for (const auto& object : group->Items()) {
+            const auto picture = "images/objects/" + object->Tag;
+            page += "<li><img src=\"" + picture + ".png\" alt=\"\"><img src=\"" + picture + "-bw.png\" alt=\"\"><br>"
+                    + object->Text + "</li>\n";
+        }
+        page += "</ul>\n";
+    }
+    return page;
+}
+
+} // namespace
+
+void writeHelpPages(const fs::path& source, const fs::path& target)
+{
+    constexpr auto overwrite = fs::copy_options::overwrite_existing;
+    fs::create_directories(target);
+    fs::copy(source / "help.css", target / "help.css", overwrite);
+    if (fs::exists(source / "images"))
+        fs::copy(source / "images", target / "images", overwrite | fs::copy_options::recursive);
+
+    const auto frame = read(source / "frame.html");
+    for (const auto& entry : fs::directory_iterator(source))
+        if (const auto name = entry.path().filename(); name.extension() == ".html" && name != "frame.html")
+            write(target / name, framed(frame, withPictures(read(entry.path()), target)));
+    write(target / "all-objects.html", framed(frame, objectsPage()));
+}
+
+} // namespace quorrin

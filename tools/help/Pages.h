@@ -1,0 +1,12 @@
+#pragma once
+
+#include <filesystem>
+
+namespace quorrin {
+
+/// Puts the pages of the help together in `target`, whose pictures stand there already: each page of `source` in its
+/// frame, and a page of all objects. A page asks for a picture with a line "<!-- picture: NAME.png | caption -->",
+/// which stays unseen while images/NAME.png is in neither folder. Raises std::exception.
+void writeHelpPages(const std::filesystem::path& source, const std::filesystem::path& target);
+
+} // namespace quorrin
