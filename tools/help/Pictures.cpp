@@ -1,14 +1,14 @@
 #include "Pictures.h"
 
-#include "DemoMap.h"
 #include "characters/Roster.h"
+#include "document/Window1.h"
 #include "render/Catalogue.h"
 #include "toolkit/Random.h"
 #include "toolkit/ScriptedPlatform.h"
 #include "toolkit/Text.h"
 #include "userpicture/frmEditUserPicture.h"
 
-#include <functional>
+#include <stdexcept>
 
 namespace quorrin {
 
@@ -138,11 +138,13 @@ void saveMaze(const Folder& folder, const std::string& name, PushButton Window1:
 }
 
 /// The four pictures of the set, the sheet and a drawing, from one map.
-void saveResults(ScriptedPlatform& person, const Folder& folder)
+void saveResults(ScriptedPlatform& person, const Folder& folder, const std::string& map)
 {
     Window1 window;
     window.Event_Open();
-    makeDemoMap(window);
+    window.mOpen(New<FolderItem>(map));
+    if (!person.messages.empty())
+        throw std::runtime_error(map + ": " + person.messages.front());
 
     std::vector<Thumbnail> modes;
     for (std::int64_t mode = 0; mode < window.pmColorBW.ListCount(); ++mode) {
@@ -187,7 +189,7 @@ void saveResults(ScriptedPlatform& person, const Folder& folder)
 
 } // namespace
 
-void writeHelpPictures(const std::string& path)
+void writeHelpPictures(const std::string& path, const std::string& map)
 {
     ScriptedPlatform person;
     const Folder folder(path);
@@ -201,7 +203,7 @@ void writeHelpPictures(const std::string& path)
     Random::SeedAll(12);
     saveMaze(folder, "maze-objects", &Window1::btnMaze);
     saveMaze(folder, "maze-walls", &Window1::btnWallMaze);
-    saveResults(person, folder);
+    saveResults(person, folder, map);
 }
 
 } // namespace quorrin

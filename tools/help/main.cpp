@@ -14,18 +14,18 @@ class HelpApp : public quorrin::App {
 
 } // namespace
 
-/// Makes the help: build-help SOURCE TARGET.
+/// Makes the help from the pages in SOURCE and an example map.
 int main(int argc, char** argv)
 {
-    if (argc != 3) {
-        std::fputs("usage: build-help SOURCE TARGET\n", stderr);
+    if (argc != 4) {
+        std::fputs("usage: build-help SOURCE MAP TARGET\n", stderr);
         return 2;
     }
     try {
         const quorrin::ScreenlessToolkit toolkit(argc, argv);
         HelpApp().Event_Open();
-        quorrin::writeHelpPictures(std::string(argv[2]) + "/images");
-        quorrin::writeHelpPages(argv[1], argv[2]);
+        quorrin::writeHelpPictures(std::string(argv[3]) + "/images", argv[2]);
+        quorrin::writeHelpPages(argv[1], argv[3]);
     } catch (const std::exception& error) {
         std::fprintf(stderr, "build-help: %s\n", error.what());
         return 1;
