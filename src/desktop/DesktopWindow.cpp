@@ -39,7 +39,7 @@ void nameView(const WidgetView& view, const Control& control, const Control* bef
     if (!control.AccessibleName.empty()) {
         view.Widget()->setAccessibleName(qtText(control.AccessibleName));
     } else if (control.Caption.get().empty() && before && before->Kind == ControlKind::Label) {
-        view.Widget()->setAccessibleName(qtText(before->Caption).remove(':'));
+        view.Widget()->setAccessibleName(qtText(before->Caption).remove(':').remove('&'));
     }
 }
 

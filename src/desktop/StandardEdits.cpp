@@ -48,6 +48,12 @@ void deleteSelection(QPlainTextEdit& area)
     area.textCursor().removeSelectedText();
 }
 
+bool clipboardHasText()
+{
+    const QMimeData* data = QApplication::clipboard()->mimeData();
+    return data && data->hasText();
+}
+
 template <typename Text>
 bool canEditText(const Text& text, Standard command)
 {
@@ -61,7 +67,7 @@ bool canEditText(const Text& text, Standard command)
     case Standard::Delete:
         return hasSelection(text);
     case Standard::Paste:
-        return QApplication::clipboard()->mimeData()->hasText();
+        return clipboardHasText();
     case Standard::SelectAll:
         return !isEmpty(text);
     default:
