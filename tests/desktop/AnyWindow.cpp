@@ -58,7 +58,8 @@ protected:
     {
         QTimer poll;
         poll.callOnTimeout(&poll, [&] {
-            if (!dialog.timerRan || QApplication::activeModalWidget() != static_cast<DesktopWindow*>(dialog.View))
+            // The dialog's own loop, not that of a message over it.
+            if (!dialog.timerRan || QThread::currentThread()->loopLevel() != 1)
                 return;
             poll.stop();
             work(*static_cast<DesktopWindow*>(dialog.View));
