@@ -2,6 +2,7 @@
 #include "render/Catalogue.h"
 #include "render/PageArt.h"
 
+#include <functional>
 #include <set>
 
 using namespace quorrin;
@@ -24,6 +25,15 @@ bool same(const Ref<Picture>& a, const Ref<Picture>& b)
             if (at(a, x, y) != at(b, x, y))
                 return false;
     return true;
+}
+
+/// Calls `visit` with each square of the layer that lies on the page, in the order of the page, and its corner.
+void forEachSquare(const Window1::Layer& layer, const std::function<void(cSquare&, double, double)>& visit)
+{
+    for (int i = 1; i <= 12; ++i)
+        for (int j = 1; j <= 12; ++j)
+            if (cSquare& square = *layer(i, j); square.Visible)
+                visit(square, static_cast<double>(square.x), static_cast<double>(square.y));
 }
 
 /// Whether a pixel of the tile shows what lies below it although the art is white there.
@@ -282,6 +292,50 @@ TEST_F(Page, LayersLieInTheirOrderAndShowAsChosen)
     window.RenderMap(true);
     EXPECT_TRUE(same(window.myImage, all));
     EXPECT_EQ(window.mySquares(1, 9)->thisObject, 1);
+}
+
+// The composer may take shorter ways than a fresh tile for each square, but never to another page.
+TEST_F(Page, ThePageIsWhatTheTilesGive)
+{
+    window.pmGrid.ListIndex = 8;
+    window.cbShowClickable.Value = true;
+    const auto drawTiles = [&](Graphics& g, const Window1::Layer& layer, std::int64_t mode) {
+        forEachSquare(layer, [&](const cSquare& square, double x, double y) {
+            g.DrawPicture(window.DrawObject(square.thisObject, mode), x + 3, y + 3);
+        });
+    };
+    for (const std::int64_t mode : {0, 1, 2}) {
+        window.Initialize();
+        window.pmColorBW.ListIndex = mode;
+        window.RenderMap(true);
+        const auto expected = window.myImage;
+        window.myCharacters(1)->IconData = "-1";
+        window.myCharacters(1)->Icon = window.DrawObject(78, 1);
+        int n = 0;
+        forEachSquare(window.mySquares, [&](cSquare& square, double, double) {
+            ++n;
+            square.thisObject = n % 10 == 0 ? 0 : n + 28;
+            square.thisDM = n % 24;
+            square.Wall = n % 7 == 0 ? nullptr
+                                     : New<cWall>(n % 2 == 0, n % 3 == 0, n % 5 == 0, false, n % 4 == 0, n % 6 == 0,
+                                                  true, false, n % 8 == 0, false, RGB(200, 0, n % 2 == 0 ? 0 : 90));
+        });
+        forEachSquare(window.mySquaresTop, [&](cSquare& square, double, double) { square.thisObject = ++n % 60; });
+        // The shared pictures keep what a drawing has set on them, so they are brought there first.
+        window.RenderMap(true);
+        auto& g = expected->Graphics();
+        drawTiles(g, window.mySquares, mode);
+        drawTiles(g, window.mySquaresTop, mode == 2 ? 2 : 1);
+        forEachSquare(window.mySquares, [&](const cSquare& square, double x, double y) {
+            if (square.Wall)
+                g.DrawPicture(square.Wall->Render(), x, y);
+        });
+        forEachSquare(window.mySquares, [&](const cSquare& square, double x, double y) {
+            g.DrawPicture(window.DrawDM(square.thisDM), x + 2, y + 2);
+        });
+        window.RenderMap(true);
+        EXPECT_TRUE(same(window.myImage, expected)) << "mode " << mode;
+    }
 }
 
 TEST_F(Page, TheUserPictureLiesBelowOrAboveOrStaysOut)

@@ -2,6 +2,10 @@
 #include "render/PageArt.h"
 #include "render/Tiles.h"
 
+#include <algorithm>
+#include <utility>
+#include <vector>
+
 // The one composer. Every picture of the map, on the screen, in a file or on paper, is what this leaves in myImage. The
 // order of the steps is the order of the layers on the page.
 
@@ -33,25 +37,40 @@ void drawClickableFrames(Graphics& g, const Window1& window)
     forEachVisible(window.mySquares, [&](const cSquare&, double x, double y) { g.DrawRect(x + 1, y + 1, 60, 60); });
 }
 
-void drawObjects(Graphics& g, Window1& window, const Window1::Layer& squares, std::int64_t mode)
+void drawObjects(Graphics& g, const Window1& window, const Window1::Layer& squares, std::int64_t mode)
 {
     forEachVisible(squares, [&](const cSquare& square, double x, double y) {
-        g.DrawPicture(window.DrawObject(square.thisObject, mode), x + objectTileOffset, y + objectTileOffset);
+        drawObjectTile(g, window, square.thisObject, mode, x + objectTileOffset, y + objectTileOffset);
     });
 }
+
+/// Squares mostly share a few sets of walls, so each set is rendered once a page.
+class WallTiles {
+public:
+    const Ref<Picture>& of(const cWall& wall)
+    {
+        const auto known =
+            std::find_if(tiles_.begin(), tiles_.end(), [&](const auto& tile) { return tile.first == wall; });
+        return known != tiles_.end() ? known->second : tiles_.emplace_back(wall, wall.Render()).second;
+    }
+
+private:
+    std::vector<std::pair<cWall, Ref<Picture>>> tiles_;
+};
 
 void drawWalls(Graphics& g, const Window1& window)
 {
+    WallTiles tiles;
     forEachVisible(window.mySquares, [&](const cSquare& square, double x, double y) {
         if (square.Wall)
-            g.DrawPicture(square.Wall->Render(), x, y);
+            g.DrawPicture(tiles.of(*square.Wall), x, y);
     });
 }
 
-void drawMarkers(Graphics& g, Window1& window)
+void drawMarkers(Graphics& g, const Window1& window)
 {
     forEachVisible(window.mySquares, [&](const cSquare& square, double x, double y) {
-        g.DrawPicture(window.DrawDM(square.thisDM), x + markerTileOffset, y + markerTileOffset);
+        g.DrawPicture(markerTile(square.thisDM), x + markerTileOffset, y + markerTileOffset);
     });
 }
 

@@ -6,24 +6,13 @@
 namespace quorrin {
 
 namespace {
+
 constexpr std::int64_t lastMarker = 21;
-}
 
-const Rows& markerRows()
-{
-    static const Rows captions = [] {
-        Rows all{"Blank", "Heros"};
-        for (std::int64_t marker = 2; marker <= lastMarker; ++marker)
-            all.push_back(Str(marker - 1));
-        return all;
-    }();
-    return captions;
-}
-
-Ref<Picture> Window1::DrawDM(std::int64_t markerNumber)
+Ref<Picture> drawnMarker(std::int64_t markerNumber)
 {
     auto tile = New<Picture>(markerTileSize, markerTileSize);
-    if (markerNumber < 1 || markerNumber > lastMarker)
+    if (markerNumber == 0)
         return tile;
     auto& g = tile->Graphics();
     g.ForeColor = black;
@@ -36,6 +25,37 @@ Ref<Picture> Window1::DrawDM(std::int64_t markerNumber)
     const auto x = (markerTileSize - width) / 2 + 1;
     const auto y = markerTileSize - (markerTileSize - height) / 2 - 10;
     g.DrawString(text, static_cast<double>(x), static_cast<double>(y), 0, false);
+    return tile;
+}
+
+} // namespace
+
+const Rows& markerRows()
+{
+    static const Rows captions = [] {
+        Rows all{"Blank", "Heros"};
+        for (std::int64_t marker = 2; marker <= lastMarker; ++marker)
+            all.push_back(Str(marker - 1));
+        return all;
+    }();
+    return captions;
+}
+
+const Ref<Picture>& markerTile(std::int64_t markerNumber)
+{
+    // A marker looks the same on every map and in every mode, so each is drawn once, as if it were art.
+    static Array<Ref<Picture>, lastMarker> drawn;
+    const auto known = markerNumber >= 1 && markerNumber <= lastMarker ? markerNumber : 0;
+    auto& tile = drawn(known);
+    if (!tile)
+        tile = drawnMarker(known);
+    return tile;
+}
+
+Ref<Picture> Window1::DrawDM(std::int64_t markerNumber)
+{
+    auto tile = New<Picture>(markerTileSize, markerTileSize);
+    tile->Graphics().DrawPicture(markerTile(markerNumber), 0, 0);
     return tile;
 }
 

@@ -2,6 +2,8 @@
 #include "render/Catalogue.h"
 #include "render/Tiles.h"
 
+#include <algorithm>
+
 namespace quorrin {
 
 namespace {
@@ -32,23 +34,32 @@ const Ref<Picture>& artInMode(const CatalogueRow& row, std::int64_t mode)
     }
 }
 
+/// At natural size; what would reach beyond the tile is cut off.
+void drawArt(Graphics& g, const Ref<Picture>& art, double x, double y)
+{
+    const auto width = static_cast<double>(std::min<std::int64_t>(art->Width(), objectTileSize));
+    const auto height = static_cast<double>(std::min<std::int64_t>(art->Height(), objectTileSize));
+    g.DrawPicture(art, x, y, width, height, 0, 0, width, height);
+}
+
 /// Seven steps, 5 apart from 15 to 45, each 6 wider than the last towards the side where the stairs lead.
-void drawStairs(Graphics& g, Departure direction)
+void drawStairs(Graphics& g, Departure direction, double x, double y)
 {
     const bool vertical = direction == Departure::StairsN || direction == Departure::StairsS;
     const bool backwards = direction == Departure::StairsN || direction == Departure::StairsW;
     g.ForeColor = black;
+    g.PenWidth = g.PenHeight = 1;
     for (int n = 1; n <= 7; ++n) {
         const int at = 10 + 5 * (backwards ? 8 - n : n);
         if (vertical)
-            g.DrawLine(27 - 3 * n, at, 27 + 3 * n, at);
+            g.DrawLine(x + 27 - 3 * n, y + at, x + 27 + 3 * n, y + at);
         else
-            g.DrawLine(at, 27 - 3 * n, at, 27 + 3 * n);
+            g.DrawLine(x + at, y + 27 - 3 * n, x + at, y + 27 + 3 * n);
     }
 }
 
 /// A token's figure over the whole tile. It has no black and white form.
-void drawFigure(Graphics& g, const cCharacter& token, std::int64_t mode)
+void drawFigure(Graphics& g, const cCharacter& token, std::int64_t mode, double x, double y)
 {
     if (token.IconData.empty() || !token.Icon)
         return;
@@ -58,25 +69,30 @@ void drawFigure(Graphics& g, const cCharacter& token, std::int64_t mode)
         figure->Graphics().DrawPicture(token.Icon, 0, 0);
         figure->Transparent = 1;
     }
-    g.DrawPicture(figure, 0, 0, g.Width(), g.Height(), 0, 0, static_cast<double>(figure->Width()),
+    g.DrawPicture(figure, x, y, objectTileSize, objectTileSize, 0, 0, static_cast<double>(figure->Width()),
                   static_cast<double>(figure->Height()));
 }
 
 } // namespace
 
-Ref<Picture> Window1::DrawObject(std::int64_t objectNumber, std::int64_t colorMode)
+void drawObjectTile(Graphics& g, const Window1& window, std::int64_t objectNumber, std::int64_t colorMode, double x,
+                    double y)
 {
-    auto tile = New<Picture>(objectTileSize, objectTileSize);
-    auto& g = tile->Graphics();
     if (const auto character = characterOfObject(objectNumber)) {
-        drawFigure(g, *myCharacters(character), colorMode);
+        drawFigure(g, *window.myCharacters(character), colorMode, x, y);
     } else if (objectNumber >= 1 && objectNumber <= lastCatalogueObject) {
         const auto& row = catalogue()[static_cast<std::size_t>(objectNumber - 1)];
         if (row.color)
-            g.DrawPicture(artInMode(row, colorMode), 0, 0);
+            drawArt(g, artInMode(row, colorMode), x, y);
         else
-            drawStairs(g, row.departure);
+            drawStairs(g, row.departure, x, y);
     }
+}
+
+Ref<Picture> Window1::DrawObject(std::int64_t objectNumber, std::int64_t colorMode)
+{
+    auto tile = New<Picture>(objectTileSize, objectTileSize);
+    drawObjectTile(tile->Graphics(), *this, objectNumber, colorMode, 0, 0);
     return tile;
 }
 

@@ -6,14 +6,6 @@ namespace quorrin {
 
 namespace {
 
-/// Draws through a copy of the picture's own size, in which the white of a picture that has `Transparent` set is gone.
-void drawCopy(Graphics& g, const Ref<Picture>& art, double x, double y)
-{
-    const auto copy = New<Picture>(art->Width(), art->Height());
-    copy->Graphics().DrawPicture(art, 0, 0);
-    g.DrawPicture(copy, x, y);
-}
-
 void fillPage(Graphics& g, Color color)
 {
     g.ForeColor = color;
@@ -45,17 +37,11 @@ void drawColoredGrid(Graphics& g, Color color, const GridLines& lines)
         g.DrawLine(x, lines.top, x, lines.bottom);
 }
 
-/// The art of one style of border and how it is drawn.
+/// The art of one style of border.
 struct BorderStyle {
     const Ref<Picture>& horizontal;
     const Ref<Picture>& vertical;
-    void (*draw)(Graphics&, const Ref<Picture>&, double, double);
 };
-
-void drawDirectly(Graphics& g, const Ref<Picture>& art, double x, double y)
-{
-    g.DrawPicture(art, x, y);
-}
 
 } // namespace
 
@@ -93,13 +79,13 @@ void drawGrid(Graphics& g, std::int64_t grid, bool portrait)
 {
     switch (grid) {
     case 1:
-        return drawCopy(g, portrait ? _x_GridPort() : _x_GridLand(), 0, 0);
+        return g.DrawPicture(portrait ? _x_GridPort() : _x_GridLand(), 0, 0);
     case 2:
         if (portrait)
             return g.DrawPicture(_x_GridPortBlur(), -2, 1);
         return g.DrawPicture(_x_GridLandblur(), 1, 2);
     case 3:
-        return drawCopy(g, portrait ? _x_GridPortGrey() : _x_GridLandGrey(), 0, 0);
+        return g.DrawPicture(portrait ? _x_GridPortGrey() : _x_GridLandGrey(), 0, 0);
     case 4:
     case 5:
     case 6:
@@ -121,20 +107,20 @@ void drawBorders(Graphics& g, const BorderRows& rows)
     _x_SharkBorderVert()->Transparent = 1;
 
     const BorderStyle styles[] = {
-        {_x_MountianRangeBorderHorz(), _x_MountianRangeBorderVert(), drawCopy},
-        {_x_PineTreeBorderHorz(), _x_PineTreeBorderVert(), drawDirectly},
-        {_x_SharkBorderHorz(), _x_SharkBorderVert(), drawCopy},
+        {_x_MountianRangeBorderHorz(), _x_MountianRangeBorderVert()},
+        {_x_PineTreeBorderHorz(), _x_PineTreeBorderVert()},
+        {_x_SharkBorderHorz(), _x_SharkBorderVert()},
     };
     std::int64_t row = 1;
     for (const auto& style : styles) {
         if (rows.top == row)
-            style.draw(g, style.horizontal, 0, 4);
+            g.DrawPicture(style.horizontal, 0, 4);
         if (rows.bottom == row)
-            style.draw(g, style.horizontal, 0, g.Height() - static_cast<double>(style.horizontal->Height()) - 1);
+            g.DrawPicture(style.horizontal, 0, g.Height() - static_cast<double>(style.horizontal->Height()) - 1);
         if (rows.left == row)
-            style.draw(g, style.vertical, 1, 0);
+            g.DrawPicture(style.vertical, 1, 0);
         if (rows.right == row)
-            style.draw(g, style.vertical, g.Width() - static_cast<double>(style.vertical->Width()) - 4, 0);
+            g.DrawPicture(style.vertical, g.Width() - static_cast<double>(style.vertical->Width()) - 4, 0);
         ++row;
     }
 }

@@ -212,6 +212,8 @@ void Graphics::DrawPicture(const Ref<Picture>& picture, double x, double y, doub
     QPainter* painter = image.isNull() ? nullptr : device_->painter();
     if (!painter || source.isEmpty() || area.width() <= 0 || area.height() <= 0)
         return;
+    if (device_->exactPixels() && area.size() == source.size())
+        return painter->drawImage(area.topLeft(), image, source);
     painter->setRenderHint(QPainter::SmoothPixmapTransform);
     // A painter looks at four pixels of the source for each of its own, too few where a picture becomes much smaller.
     if (device_->exactPixels())
