@@ -47,6 +47,16 @@ inline void writeFile(const std::string& path, const std::string& content)
     std::ofstream(path, std::ios::binary) << content;
 }
 
+inline quorrin::Color pixelOf(const quorrin::Ref<quorrin::Picture>& picture, std::int64_t x, std::int64_t y)
+{
+    return picture->RGBSurface().Pixel(x, y);
+}
+
+inline std::string bytesOf(const quorrin::Ref<quorrin::Picture>& picture)
+{
+    return picture->ToData(quorrin::PictureFormat::Png, 100);
+}
+
 /// The program as it stands after its start, with nobody at it.
 class Program : public testing::Test {
 private:

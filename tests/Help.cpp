@@ -4,10 +4,8 @@
 #include "app/frmAbout.h"
 #include "toolkit/Application.h"
 
-#include <fstream>
 #include <regex>
 #include <set>
-#include <sstream>
 
 using namespace quorrin;
 namespace fs = std::filesystem;
@@ -53,9 +51,7 @@ TEST_F(Help, LeadsToNothingThatIsNotThere)
         EXPECT_TRUE(fs::exists(page)) << page;
         if (page.extension() != ".html")
             continue;
-        std::ostringstream text;
-        text << std::ifstream(page).rdbuf();
-        const auto html = text.str();
+        const auto html = contentOf(page);
         EXPECT_EQ(html.find('{'), html.npos) << page;
         for (std::sregex_iterator found(html.begin(), html.end(), reference), end; found != end; ++found)
             if (const auto target = folder / (*found)[1].str(); !read.contains(target))

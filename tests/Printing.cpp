@@ -75,7 +75,7 @@ protected:
     }
     /// The pages of the print just made.
     int pages() const { return count(pdf(), "/Type /Page\n"); }
-    std::string pdf() const { return TextInputStream::Open(file)->ReadAll(); }
+    std::string pdf() const { return contentOf(file->Path()); }
 
     Ref<FolderItem> file = folder.file("print.pdf");
     int copies = 1;

@@ -71,13 +71,13 @@ TEST_F(Roster, ShowsAnEditedTokenOnTheMap)
 {
     window.mySquares(1, 1)->thisObject = 124;
     window.RenderMap(true);
-    const auto before = window.myImage->ToData(PictureFormat::Png, 100);
+    const auto before = bytesOf(window.myImage);
     person.modal = [&](Window&) {
         Module1::useThisCharacter->IconData = "-3";
         Module1::useThisCharacter->LoadIcon();
     };
     click(35, 15);
-    EXPECT_NE(window.myImage->ToData(PictureFormat::Png, 100), before);
+    EXPECT_NE(bytesOf(window.myImage), before);
 }
 
 TEST_F(Roster, DrawsTwoRowsOfTen)
@@ -88,10 +88,10 @@ TEST_F(Roster, DrawsTwoRowsOfTen)
         for (int column = 0; column < 10; ++column) {
             const int x = 35 + 70 * column;
             const int y = row == 0 ? 15 : 295;
-            EXPECT_EQ(sheet->RGBSurface().Pixel(x, y), black);
-            EXPECT_EQ(sheet->RGBSurface().Pixel(x + 59, y + 269), black);
+            EXPECT_EQ(pixelOf(sheet, x, y), black);
+            EXPECT_EQ(pixelOf(sheet, x + 59, y + 269), black);
             for (const auto& [dx, dy] : {std::pair{-1, 0}, {0, -1}, {60, 269}, {59, 270}, {1, 1}})
-                EXPECT_EQ(sheet->RGBSurface().Pixel(x + dx, y + dy), white) << x << "," << y;
+                EXPECT_EQ(pixelOf(sheet, x + dx, y + dy), white) << x << "," << y;
         }
     }
 }
@@ -118,12 +118,12 @@ TEST_F(Roster, SavesTheSheetAsJpeg)
     EXPECT_FALSE(folder.file("Character Sheet.jpg")->Exists());
 
     const auto file = folder.file("Dark Cave Character Sheet.jpg");
-    EXPECT_EQ(TextInputStream::Open(file)->ReadAll().substr(0, 3), "\xff\xd8\xff");
+    EXPECT_EQ(contentOf(file->Path()).substr(0, 3), "\xff\xd8\xff");
     const auto sheet = Picture::Open(file);
     EXPECT_EQ(sheet->Width(), 756);
     EXPECT_EQ(sheet->Height(), 576);
-    EXPECT_GT(sheet->RGBSurface().Pixel(10, 10).red, 250);
-    EXPECT_LT(sheet->RGBSurface().Pixel(35, 100).red, 100);
+    EXPECT_GT(pixelOf(sheet, 10, 10).red, 250);
+    EXPECT_LT(pixelOf(sheet, 35, 100).red, 100);
 
     person.save = [this](const std::string& name) { return folder.file("no such folder/" + name); };
     window.btnSaveCharacters.Push();

@@ -21,11 +21,6 @@ Ref<Picture> redOverBlue(std::int64_t width, std::int64_t height)
     return picture;
 }
 
-Color pixel(const Ref<Picture>& picture, std::int64_t x, std::int64_t y)
-{
-    return picture->RGBSurface().Pixel(x, y);
-}
-
 Ref<Picture> drawn(const cCharacter& token, std::int64_t width = 60)
 {
     auto picture = New<Picture>(width, 270);
@@ -38,7 +33,7 @@ int inkedPixels(const Ref<Picture>& picture, int top, int bottom)
     int inked = 0;
     for (int y = top; y < bottom; ++y)
         for (int x = 1; x < picture->Width() - 1; ++x)
-            inked += !(pixel(picture, x, y) == white);
+            inked += !(pixelOf(picture, x, y) == white);
     return inked;
 }
 
@@ -75,9 +70,12 @@ TEST(Tokens, FlipRowsAndNotColumns)
     const auto flipped = cCharacter::FlipIcon(source);
     for (int x = 0; x < 3; ++x)
         for (int y = 0; y < 4; ++y)
-            EXPECT_EQ(pixel(flipped, x, y), x == 0 && y == 3 ? red : x == 2 && y == 2 ? blue : white) << x << "," << y;
-    EXPECT_EQ(pixel(source, 0, 0), red);
-    EXPECT_EQ(pixel(source, 1, 1), clear);
+            EXPECT_EQ(pixelOf(flipped, x, y), x == 0 && y == 3   ? red
+                                              : x == 2 && y == 2 ? blue
+                                                                 : white)
+                << x << "," << y;
+    EXPECT_EQ(pixelOf(source, 0, 0), red);
+    EXPECT_EQ(pixelOf(source, 1, 1), clear);
 }
 
 TEST(Tokens, ShowTheFigureOnBothHalves)
@@ -94,12 +92,12 @@ TEST(Tokens, ShowTheFigureOnBothHalves)
                     {78, red},  {127, red},  {128, white}, {135, grey},  {140, white}, {141, red},
                     {190, red}, {191, blue}, {240, blue},  {241, white}, {248, grey},  {268, white}};
         for (const auto& row : rows)
-            EXPECT_EQ(pixel(picture, 30, row.y), row.color) << row.y << " of " << width;
+            EXPECT_EQ(pixelOf(picture, 30, row.y), row.color) << row.y << " of " << width;
         for (const int y : {0, 50, 200, 269})
             for (const int x : {0, width - 1})
-                EXPECT_EQ(pixel(picture, x, y), black);
-        EXPECT_EQ(pixel(picture, 1, 150), left > 1 ? white : red);
-        EXPECT_EQ(pixel(picture, 65, 150), white);
+                EXPECT_EQ(pixelOf(picture, x, y), black);
+        EXPECT_EQ(pixelOf(picture, 1, 150), left > 1 ? white : red);
+        EXPECT_EQ(pixelOf(picture, 65, 150), white);
     }
     const auto blank = drawn({});
     EXPECT_EQ(inkedPixels(blank, 1, 269), 3 * 58);
@@ -129,7 +127,6 @@ protected:
         EXPECT_EQ(token.IconData, data);
         return token;
     }
-    static std::string bytesOf(const Ref<Picture>& picture) { return picture->ToData(PictureFormat::Png, 100); }
 
     cCharacter token;
 };
@@ -150,7 +147,7 @@ TEST_F(TokenData, NamesAnObjectOfTheCatalogue)
 TEST_F(TokenData, IsTheFileOfAPicture)
 {
     const auto picture = redOverBlue(90, 30);
-    const auto png = picture->ToData(PictureFormat::Png, 100);
+    const auto png = bytesOf(picture);
     EXPECT_EQ(bytesOf(loaded(png).Icon), bytesOf(picture));
     EXPECT_EQ(loaded(picture->ToData(PictureFormat::Jpeg, 100)).Icon->Width(), 90);
 

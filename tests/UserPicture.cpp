@@ -21,8 +21,7 @@ protected:
         person.modal = [&](Window& opened) { work(dynamic_cast<frmEditUserPicture&>(opened)); };
         window.PushButton2.Push();
     }
-    static Color at(const frmEditUserPicture& editor, int x, int y) { return pixel(editor.myImage, x, y); }
-    static Color pixel(const Ref<Picture>& picture, int x, int y) { return picture->RGBSurface().Pixel(x, y); }
+    static Color at(const frmEditUserPicture& editor, int x, int y) { return pixelOf(editor.myImage, x, y); }
     static void stroke(frmEditUserPicture& editor, std::initializer_list<std::pair<int, int>> places)
     {
         editor.Canvas1.Press(places.begin()->first, places.begin()->second);
@@ -30,7 +29,6 @@ protected:
             editor.Canvas1.Drag(x, y);
         editor.Canvas1.Release((places.end() - 1)->first, (places.end() - 1)->second);
     }
-    static std::string bytesOf(const Ref<Picture>& picture) { return picture->ToData(PictureFormat::Png, 100); }
 };
 
 } // namespace
@@ -184,8 +182,8 @@ TEST_F(UserPicture, GoesToTheMapOnApplyAlone)
         stroke(editor, {{10, 10}, {20, 10}});
         editor.PushButton1.Push();
     });
-    EXPECT_EQ(pixel(window.UserPicture, 15, 10), black);
-    EXPECT_EQ(pixel(window.myImage, 15, 10), black);
+    EXPECT_EQ(pixelOf(window.UserPicture, 15, 10), black);
+    EXPECT_EQ(pixelOf(window.myImage, 15, 10), black);
     EXPECT_TRUE(window.isDirty);
 
     const auto drawing = bytesOf(window.UserPicture);
@@ -215,10 +213,10 @@ TEST_F(UserPicture, LiesOverTheMapInBothOrientationsAndStaysClearWhenReopened)
 
             const auto shown = New<Picture>(width, height);
             editor.Canvas1.Paint(shown->Graphics());
-            EXPECT_EQ(pixel(shown, 0, 0), black);
-            EXPECT_EQ(pixel(shown, width - 1, height - 1), black);
-            EXPECT_EQ(pixel(shown, 310, 502), black);
-            EXPECT_EQ(pixel(shown, 350, 502), RGB(200, 200, 200));
+            EXPECT_EQ(pixelOf(shown, 0, 0), black);
+            EXPECT_EQ(pixelOf(shown, width - 1, height - 1), black);
+            EXPECT_EQ(pixelOf(shown, 310, 502), black);
+            EXPECT_EQ(pixelOf(shown, 350, 502), RGB(200, 200, 200));
             editor.PushButton1.Push();
         });
         const auto page = bytesOf(window.myImage);
@@ -227,9 +225,9 @@ TEST_F(UserPicture, LiesOverTheMapInBothOrientationsAndStaysClearWhenReopened)
         window.UserPicture = nullptr;
         window.mOpen(folder.file("map.qrnm"));
         EXPECT_EQ(bytesOf(window.myImage), page);
-        EXPECT_EQ(pixel(window.myImage, 310, 502), black);
-        EXPECT_EQ(pixel(window.myImage, 350, 502), RGB(200, 200, 200));
-        EXPECT_EQ(pixel(window.myImage, 5, 5), RGB(200, 200, 200));
+        EXPECT_EQ(pixelOf(window.myImage, 310, 502), black);
+        EXPECT_EQ(pixelOf(window.myImage, 350, 502), RGB(200, 200, 200));
+        EXPECT_EQ(pixelOf(window.myImage, 5, 5), RGB(200, 200, 200));
     }
 }
 
