@@ -3,7 +3,7 @@
 
 file(GLOB help_tool_sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/tools/help/*.cpp)
 add_executable(build-help EXCLUDE_FROM_ALL ${help_tool_sources})
-target_link_libraries(build-help PRIVATE quorrin_core)
+target_link_libraries(build-help PRIVATE quorrin_desktop)
 
 set(QUORRIN_HELP_DIR ${CMAKE_BINARY_DIR}/help)
 set(help_map "${PROJECT_SOURCE_DIR}/samples/The Old Mine.qrnm")

@@ -1,15 +1,38 @@
 #include "Pages.h"
 #include "Pictures.h"
+#include "Windows.h"
 #include "app/App.h"
+#include "desktop/DesktopPlatform.h"
+
+#include <QApplication>
+#include <QTemporaryFile>
 
 #include <cstdio>
 #include <exception>
+#include <stdexcept>
 
 namespace {
 
 /// The application without a person: it leaves the preferences alone.
 class HelpApp : public quorrin::App {
     void SetupPreferences() override {}
+};
+
+/// A screen that nobody sees, large enough for every window.
+class UnseenScreen {
+public:
+    UnseenScreen()
+    {
+        if (!configuration_.open())
+            throw std::runtime_error("no temporary file can be made");
+        configuration_.write(R"({"screens": [{"name": "unseen", "x": 0, "y": 0, "width": 1600, "height": 1200,
+                                 "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1}]})");
+        configuration_.flush();
+        qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" + configuration_.fileName().toUtf8());
+    }
+
+private:
+    QTemporaryFile configuration_;
 };
 
 } // namespace
@@ -22,9 +45,15 @@ int main(int argc, char** argv)
         return 2;
     }
     try {
-        const quorrin::ScreenlessToolkit toolkit(argc, argv);
+        const UnseenScreen screen;
+        int qtArguments = 1;
+        const QApplication qt(qtArguments, argv);
+        quorrin::setUpDesktop();
         HelpApp().Event_Open();
-        quorrin::writeHelpPictures(std::string(argv[3]) + "/images", argv[2]);
+        const std::string map = argv[2];
+        const std::string pictures = std::string(argv[3]) + "/images";
+        quorrin::writeHelpPictures(pictures, map);
+        quorrin::writeWindowPictures(pictures, map);
         quorrin::writeHelpPages(argv[1], argv[3]);
     } catch (const std::exception& error) {
         std::fprintf(stderr, "build-help: %s\n", error.what());
