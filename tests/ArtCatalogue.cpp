@@ -2,6 +2,7 @@
 #include "render/Catalogue.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 
 using namespace quorrin;
@@ -11,59 +12,59 @@ using namespace quorrin;
 namespace {
 
 constexpr int side = 56;
-constexpr int cell = 4;
 
-/// Picks the pixel of a changed copy from the picture that it is made of.
-using Change = Color (*)(const RGBSurface&, int x, int y);
+/// The pixels of a picture; beyond an edge it goes on as it begins on the far side.
+struct Tile {
+    Tile() = default;
+    explicit Tile(const Ref<Picture>& art)
+    {
+        for (int at = 0; at < side * side; ++at)
+            pixels[static_cast<std::size_t>(at)] = art->RGBSurface().Pixel(at % side, at / side);
+    }
+    const Color& operator()(int x, int y) const
+    {
+        return pixels[static_cast<std::size_t>((y + side) % side * side + (x + side) % side)];
+    }
+    double share(bool (*counts)(const Color&)) const
+    {
+        return static_cast<double>(std::count_if(pixels.begin(), pixels.end(), counts)) / (side * side);
+    }
+    std::array<Color, std::size_t{side} * side> pixels{};
+};
 
-Ref<Picture> changed(const Ref<Picture>& art, Change change)
+template <typename Change>
+Tile changed(const Tile& tile, Change change)
 {
-    const auto copy = New<Picture>(side, side, 32);
-    for (int y = 0; y < side; ++y)
-        for (int x = 0; x < side; ++x)
-            copy->RGBSurface().SetPixel(x, y, change(art->RGBSurface(), x, y));
+    Tile copy;
+    for (int at = 0; at < side * side; ++at)
+        copy.pixels[static_cast<std::size_t>(at)] = change(tile, at % side, at / side);
     return copy;
 }
 
-/// Calls `see` with the three parts of every pixel, moved by dx and dy around the edges of the tile.
-template <typename See>
-void forEachPart(const Ref<Picture>& art, int dx, int dy, See see)
-{
-    const auto pixels = art->RGBSurface();
-    for (int y = 0; y < side; ++y)
-        for (int x = 0; x < side; ++x) {
-            const Color color = pixels.Pixel((x + dx + side) % side, (y + dy + side) % side);
-            const int parts[] = {color.red, color.green, color.blue};
-            for (int part = 0; part < 3; ++part)
-                see(x, y, part, parts[part]);
-        }
-}
-
-using Cells = std::vector<double>;
-
-/// The mean colours of the cells, 4 pixels wide and high.
-Cells meanCells(const Ref<Picture>& art, int dx, int dy)
-{
-    constexpr int across = side / cell;
-    Cells cells(std::size_t{across} * across * 3);
-    forEachPart(art, dx, dy, [&](int x, int y, int part, int value) {
-        cells[static_cast<std::size_t>((y / cell * across + x / cell) * 3 + part)] += value / double{cell * cell};
-    });
-    return cells;
-}
-
-/// A picture as it is, and moved by a pixel to every side.
+/// The mean colours of the cells of a tile, 4 pixels wide and high, for the tile as it is (first) and for the tile
+/// moved by one pixel to every side.
 struct Seen {
-    explicit Seen(const Ref<Picture>& art)
+    static constexpr int cell = 4, across = side / cell;
+    using Cells = std::array<double, std::size_t{across} * across * 3>;
+
+    explicit Seen(const Tile& tile)
     {
         for (const int dx : {0, -1, 1})
-            for (const int dy : {0, -1, 1})
-                places.push_back(meanCells(art, dx, dy));
+            for (const int dy : {0, -1, 1}) {
+                auto& cells = places.emplace_back();
+                for (int at = 0; at < side * side; ++at) {
+                    const int x = at % side, y = at / side;
+                    double* mean = &cells[static_cast<std::size_t>((y / cell * across + x / cell) * 3)];
+                    const Color& color = tile(x + dx, y + dy);
+                    for (const int part : {color.red, color.green, color.blue})
+                        *mean++ += part / double{cell * cell};
+                }
+            }
     }
     std::vector<Cells> places;
 };
 
-/// How far the cell that differs most is apart, 0 to 255, where the two pictures lie best over each other.
+/// How far the cell that differs most is apart, 0 to 255, where the two lie best over each other.
 double difference(const Seen& a, const Seen& b)
 {
     double least = 255;
@@ -76,51 +77,39 @@ double difference(const Seen& a, const Seen& b)
     return least;
 }
 
-/// The least difference that is seen on a page. Cobbles of two colours are nearest, by their colour or by their marks.
-constexpr double seenInColor = 18;
-constexpr double seenInBlackAndWhite = 30;
-
-/// From the last column (or row) to the first one, over the largest step between two neighbours inside.
-double wrapStep(const Ref<Picture>& art, bool acrossColumns)
-{
-    double steps[side] = {};
-    const auto pixels = art->RGBSurface();
-    for (int from = 0; from < side; ++from)
-        for (int along = 0; along < side; ++along) {
-            const int to = (from + 1) % side;
-            const Color a = acrossColumns ? pixels.Pixel(from, along) : pixels.Pixel(along, from);
-            const Color b = acrossColumns ? pixels.Pixel(to, along) : pixels.Pixel(along, to);
-            steps[from] += std::abs(a.red - b.red) + std::abs(a.green - b.green) + std::abs(a.blue - b.blue);
-        }
-    return steps[side - 1] / *std::max_element(steps, steps + side - 1);
-}
-
-double shareOfPixels(const Ref<Picture>& art, bool (*counts)(const Color&))
-{
-    int count = 0;
-    for (int y = 0; y < side; ++y)
-        for (int x = 0; x < side; ++x)
-            count += counts(art->RGBSurface().Pixel(x, y));
-    return count / double{side * side};
-}
-
-/// Row 13 is the black and white castle of row 12 once more.
-bool isSecondCastle(const CatalogueRow& row)
-{
-    return row.color == _x_Castle1BW;
-}
+/// The least differences allowed. Cobbles of two colours are nearest to each other, by their hue and by their marks.
+constexpr double seenInColor = 18, seenInBlackAndWhite = 30;
 
 void expectAllDiffer(ArtAccessor CatalogueRow::*look, double limit)
 {
     std::vector<std::pair<const char*, Seen>> others;
     for (const auto& row : catalogue()) {
-        if (!(row.*look) || isSecondCastle(row))
+        // Row 13 is the black and white castle of row 12 once more.
+        if (!(row.*look) || row.color == _x_Castle1BW)
             continue;
-        const Seen seen((row.*look)());
+        const Seen seen{Tile((row.*look)())};
         for (const auto& [name, other] : others)
             EXPECT_GT(difference(seen, other), limit) << row.name << " looks like " << name;
         others.emplace_back(row.name, seen);
     }
+}
+
+/// From the last column (or row) to the first one, over the largest step between two neighbours inside.
+double wrapStep(const Tile& tile, bool acrossColumns)
+{
+    double steps[side] = {};
+    for (int from = 0; from < side; ++from)
+        for (int along = 0; along < side; ++along) {
+            const Color& a = acrossColumns ? tile(from, along) : tile(along, from);
+            const Color& b = acrossColumns ? tile(from + 1, along) : tile(along, from + 1);
+            steps[from] += std::abs(a.red - b.red) + std::abs(a.green - b.green) + std::abs(a.blue - b.blue);
+        }
+    return steps[side - 1] / *std::max_element(steps, steps + side - 1);
+}
+
+bool isWhite(const Color& color)
+{
+    return color == white;
 }
 
 } // namespace
@@ -128,23 +117,18 @@ void expectAllDiffer(ArtAccessor CatalogueRow::*look, double limit)
 TEST(ArtCatalogue, EveryObjectHasAllItsPicturesInOneSizeAndShape)
 {
     for (const auto& row : catalogue()) {
-        for (const auto accessor : {row.color, row.mask, row.blackAndWhite}) {
-            if (!accessor)
-                continue;
-            ASSERT_TRUE(accessor()) << row.name;
-            ASSERT_EQ(accessor()->Width(), side) << row.name;
-            ASSERT_EQ(accessor()->Height(), side) << row.name;
-        }
         EXPECT_EQ(!row.mask, row.departure >= Departure::Plain) << row.name;
         EXPECT_EQ(!row.mask, !row.blackAndWhite) << row.name;
+        for (const auto accessor : {row.color, row.mask, row.blackAndWhite}) {
+            ASSERT_TRUE(!accessor || accessor()) << row.name;
+            EXPECT_TRUE(!accessor || (accessor()->Width() == side && accessor()->Height() == side)) << row.name;
+        }
         if (!row.mask || row.color == row.blackAndWhite)
             continue;
-        int apart = 0;
-        for (int y = 0; y < side; ++y)
-            for (int x = 0; x < side; ++x)
-                apart +=
-                    (row.color()->RGBSurface().Pixel(x, y) == white) != (row.mask()->RGBSurface().Pixel(x, y) == white);
-        EXPECT_EQ(apart, 0) << row.name << ": solid and translucent show different pixels";
+        const Tile color(row.color()), mask(row.mask());
+        for (std::size_t at = 0; at < color.pixels.size(); ++at)
+            ASSERT_EQ(isWhite(color.pixels[at]), isWhite(mask.pixels[at]))
+                << row.name << " has another shape when it is solid, at " << at % side << ',' << at / side;
     }
 }
 
@@ -152,19 +136,19 @@ TEST(ArtCatalogue, WholeTilesOfTerrainAreSeamless)
 {
     int wholeTiles = 0;
     for (const auto& row : catalogue()) {
-        if (row.group != Group::Terrain || shareOfPixels(row.color(), [](const Color& c) { return c == white; }) > 0)
+        if (row.group != Group::Terrain || Tile(row.color()).share(isWhite) > 0)
             continue;
         ++wholeTiles;
         for (const auto look : {row.color, row.blackAndWhite})
             for (const bool acrossColumns : {false, true})
-                EXPECT_LE(look ? wrapStep(look(), acrossColumns) : 0, 1.02) << row.name << ", columns: " << acrossColumns;
+                EXPECT_LE(look ? wrapStep(Tile(look()), acrossColumns) : 0, 1.02)
+                    << row.name << ", columns: " << acrossColumns;
     }
     EXPECT_EQ(wholeTiles, 12);
 
-    const auto sheared =
-        changed(_x_Mountians(), [](const RGBSurface& p, int x, int y) { return p.Pixel(x, (y + x / 2) % side); });
-    EXPECT_LE(wrapStep(sheared, false), 1);
-    EXPECT_GT(wrapStep(sheared, true), 1) << "a torn edge is noticed";
+    const auto sheared = changed(Tile(_x_Mountians()), [](const Tile& t, int x, int y) { return t(x, y + x / 2); });
+    EXPECT_LE(wrapStep(sheared, false), 1.02);
+    EXPECT_GT(wrapStep(sheared, true), 1.02) << "a torn edge is noticed";
 }
 
 TEST(ArtCatalogue, NoTwoObjectsLookAlike)
@@ -172,16 +156,15 @@ TEST(ArtCatalogue, NoTwoObjectsLookAlike)
     expectAllDiffer(&CatalogueRow::color, seenInColor);
     expectAllDiffer(&CatalogueRow::blackAndWhite, seenInBlackAndWhite);
 
-    const Seen original(_x_BarrelVertColor());
-    const auto copy = changed(_x_BarrelVertColor(), [](const RGBSurface& p, int x, int y) {
-        const Color c = p.Pixel(x + 1, y - 1);
-        return c == white ? c : RGB(c.red * 15 / 16, c.green, c.blue);
+    const Tile color(_x_BarrelVertColor()), lines(_x_BarrelVertBW());
+    const auto copy = changed(color, [](const Tile& t, int x, int y) {
+        Color c = t(x + 1, y - 1);
+        c.red = static_cast<std::uint8_t>(c.red * 15 / 16);
+        return c;
     });
-    EXPECT_LT(difference(original, Seen(copy)), seenInColor) << "a copy, moved and tinted, is noticed";
-    const auto recolour =
-        changed(_x_BarrelVertBW(), [](const RGBSurface& p, int x, int y) { return p.Pixel(x, y - 1); });
-    EXPECT_LT(difference(Seen(_x_BarrelVertBW()), Seen(recolour)), seenInBlackAndWhite)
-        << "a recolour, the same in black and white, is noticed";
+    EXPECT_LT(difference(Seen(color), Seen(copy)), seenInColor) << "a copy, moved and tinted, is noticed";
+    const auto recolour = changed(lines, [](const Tile& t, int x, int y) { return t(x, y - 1); });
+    EXPECT_LT(difference(Seen(lines), Seen(recolour)), seenInBlackAndWhite) << "a recolour without a mark is noticed";
 }
 
 TEST(ArtCatalogue, BlackAndWhiteIsMostlyBlackAndWhite)
@@ -189,11 +172,25 @@ TEST(ArtCatalogue, BlackAndWhiteIsMostlyBlackAndWhite)
     for (const auto& row : catalogue()) {
         if (!row.blackAndWhite)
             continue;
-        const auto& art = row.blackAndWhite();
-        EXPECT_EQ(shareOfPixels(art, [](const Color& c) { return c.red != c.green || c.red != c.blue; }), 0)
-            << row.name;
-        EXPECT_LT(shareOfPixels(art, [](const Color& c) { return c.red >= 48 && c.red < 208; }), 0.2) << row.name;
-        const double black = shareOfPixels(art, [](const Color& c) { return c.red < 48; });
+        const Tile lines(row.blackAndWhite());
+        EXPECT_EQ(lines.share([](const Color& c) { return c.red != c.green || c.red != c.blue; }), 0) << row.name;
+        EXPECT_LT(lines.share([](const Color& c) { return c.red >= 48 && c.red < 208; }), 0.2) << row.name;
+        const double black = lines.share([](const Color& c) { return c.red < 48; });
         EXPECT_TRUE(black > 0.02 && black < 0.5) << row.name << ": " << black << " of it is black";
+    }
+}
+
+class ArtOnPages : public Program {};
+
+TEST_F(ArtOnPages, AFullPageOfThemStaysASmallFile)
+{
+    window.pmBackground.ListIndex = 5;
+    std::int64_t object = 0;
+    for (int i = 1; i <= Window1::columns; ++i)
+        for (int j = 1; j <= Window1::rows; ++j)
+            window.mySquares(i, j)->thisObject = object++ % lastCatalogueObject + 1;
+    for (const int mode : {0, 2}) {
+        window.pmColorBW.ListIndex = mode;
+        EXPECT_LT(window.myImage->ToData(PictureFormat::Png, 100).size(), 800'000u) << "mode " << mode;
     }
 }
