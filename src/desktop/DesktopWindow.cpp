@@ -119,18 +119,24 @@ void DesktopWindow::Open()
 
 void DesktopWindow::RunModal()
 {
-    if (const QWidget* parent = parentWidget()) {
-        QRect place(QPoint(), size());
-        place.moveCenter(parent->frameGeometry().center());
-        const QRect screen = parent->screen()->availableGeometry();
-        move(qMax(screen.left(), qMin(place.left(), screen.right() - place.width())),
-             qMax(screen.top(), qMin(place.top(), screen.bottom() - place.height())));
-    }
+    if (const QWidget* parent = parentWidget())
+        moveOver(*parent);
     Open();
     if (!focusWidget())
         focusNextChild();
     modalLoop_.exec(QEventLoop::DialogExec);
     hide();
+}
+
+/// Takes the middle of the parent; the frame of this window, not known yet, is taken to be as the parent's.
+void DesktopWindow::moveOver(const QWidget& parent)
+{
+    QRect frame(QPoint(), size() + parent.frameGeometry().size() - parent.size());
+    frame.moveCenter(parent.frameGeometry().center());
+    const QRect screen = parent.screen()->availableGeometry();
+    frame.moveRight(qMin(frame.right(), screen.right()));
+    frame.moveBottom(qMin(frame.bottom(), screen.bottom()));
+    move(qMax(frame.left(), screen.left()), qMax(frame.top(), screen.top()));
 }
 
 void DesktopWindow::startTimers()

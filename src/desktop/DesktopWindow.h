@@ -40,6 +40,7 @@ private:
     void build();
     QWidget* parentOf(const Control& control) const;
     void fitToScreen();
+    void moveOver(const QWidget& parent);
     void startTimers();
     bool push(PushButton::Role role);
 

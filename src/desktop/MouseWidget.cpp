@@ -7,6 +7,7 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QScrollArea>
 
 #include <cmath>
 
@@ -124,6 +125,16 @@ void MouseWidget::contextMenuEvent(QContextMenuEvent* event)
     event->accept();
 }
 
+/// On a screen too small for the window, brings a place on a large canvas into view.
+void MouseWidget::scrollTo(QPoint place) const
+{
+    for (QWidget* widget = parentWidget(); widget; widget = widget->parentWidget())
+        if (auto* area = qobject_cast<QScrollArea*>(widget)) {
+            const QPoint inContent = mapTo(area->widget(), place);
+            area->ensureVisible(inContent.x(), inContent.y());
+        }
+}
+
 bool MouseWidget::moveByKey(int key)
 {
     const QPoint direction = key == Qt::Key_Left    ? QPoint(-1, 0)
@@ -134,6 +145,7 @@ bool MouseWidget::moveByKey(int key)
     if (direction.isNull())
         return false;
     moveKeyboardPlace(direction);
+    scrollTo(keyboardPlace());
     if (keyDown_)
         drag(keyboardPlace());
     else

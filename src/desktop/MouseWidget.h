@@ -41,6 +41,7 @@ private:
     void drag(QPoint place);
     void release(QPoint place);
     bool moveByKey(int key);
+    void scrollTo(QPoint place) const;
 
     MouseControl& control_;
     bool byKeyboard_ = false;

@@ -308,8 +308,16 @@ TEST_F(MainWindow, OnASmallScreenTheContentScrolls)
     EXPECT_EQ(view.Content()->size(), QSize(1104, 796));
     auto* scroll = qobject_cast<QScrollArea*>(view.centralWidget());
     EXPECT_EQ(scroll->horizontalScrollBar()->maximum(), 1104 - scroll->viewport()->width());
+    widgetOf<QWidget>(window.Canvas1).setFocus(Qt::TabFocusReason);
+    for (int i = 0; i < 12; ++i)
+        person.key(Qt::Key_Right);
+    const int lastSquareEnds = 326 + 7 + 11 * 62 + 61;
+    EXPECT_GE(scroll->horizontalScrollBar()->value() + scroll->viewport()->width(), lastSquareEnds);
+    scroll->horizontalScrollBar()->setValue(0);
     window.TabPanel1.Value = 4;
     window.btnCharacterTool.Push();
-    scroll->ensureWidgetVisible(&widgetOf<QWidget>(window.btnPrintCharacters));
-    EXPECT_EQ(widgetOf<QWidget>(window.btnPrintCharacters).visibleRegion().boundingRect().size(), QSize(200, 22));
+    widgetOf<QWidget>(window.btnSaveCharacters).setFocus();
+    person.key(Qt::Key_Tab);
+    EXPECT_EQ(QApplication::focusWidget(), &widgetOf<QWidget>(window.btnPrintCharacters));
+    EXPECT_EQ(QApplication::focusWidget()->visibleRegion().boundingRect().size(), QSize(200, 22));
 }
