@@ -35,8 +35,10 @@ status 0 "$program" print --paper Letter --copies 3 -o prints "$sample"
 [ "$(printed "prints/$name Map.pdf" 'Page size')" = "612 x 792 pts (letter)" ] || fail "no Letter"
 status 0 "$program" print --what sheet --landscape -o prints "$sample"
 [ "$(printed "prints/$name Character Sheet.pdf" 'Page size')" = "842 x 595 pts (A4)" ] || fail "no landscape A4"
+status 0 "$program" print --what script -o once "$sample"
 status 0 "$program" print --what script --copies 3 -o prints "$sample"
-[ "$(printed "prints/$name Script.pdf" Pages)" = 1 ] || fail "not one set of the script"
+[ "$(printed "prints/$name Script.pdf" Pages)" = "$(printed "once/$name Script.pdf" Pages)" ] ||
+    fail "not one set of the script"
 pdftotext -layout "prints/$name Script.pdf" - | grep -qx 'Monster:' || fail "the script is not printed as text"
 [ "$(ls -A prints | wc -l)" = 3 ] || fail "something else was printed"
 
