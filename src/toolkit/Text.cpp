@@ -18,11 +18,11 @@ constexpr std::string_view blanks = " \t\r\n\v\f";
 double hexadecimalValue(std::string_view digits)
 {
     double value = 0;
-    for (const char c : digits) {
-        int digit = 0;
-        if (std::from_chars(&c, &c + 1, digit, 16).ec != std::errc())
+    for (const char c : Lowercase(digits)) {
+        const auto digit = std::string_view("0123456789abcdef").find(c);
+        if (digit == std::string_view::npos)
             break;
-        value = std::min(value * 16 + digit, std::numeric_limits<double>::max());
+        value = std::min(value * 16 + static_cast<double>(digit), std::numeric_limits<double>::max());
     }
     return value;
 }
