@@ -141,11 +141,19 @@ TEST_F(Panels, TheWallSetIsPreviewedAndItsColorChosen)
         action();
         return !(window.myWall == before);
     };
-    for (CheckBox* box :
-         {&window.CheckBox1, &window.CheckBox2, &window.CheckBox3, &window.CheckBox4, &window.CheckBox5,
-          &window.CheckBox6, &window.cbDoorTop, &window.cbDoorBottom, &window.cbDoorLeft, &window.cbDoorRight})
-        EXPECT_TRUE(previewed([&] { box->Value = true; }));
-    EXPECT_EQ(*window.ChosenWall(), cWall(true, true, true, true, true, true, true, true, true, true, black));
+    const std::pair<CheckBox*, bool cWall::*> boxes[] = {
+        {&window.CheckBox1, &cWall::Top},       {&window.CheckBox2, &cWall::Bottom},
+        {&window.CheckBox3, &cWall::Left},      {&window.CheckBox4, &cWall::Right},
+        {&window.CheckBox5, &cWall::Slash},     {&window.CheckBox6, &cWall::BackSlash},
+        {&window.cbDoorTop, &cWall::DoorTop},   {&window.cbDoorBottom, &cWall::DoorBottom},
+        {&window.cbDoorLeft, &cWall::DoorLeft}, {&window.cbDoorRight, &cWall::DoorRight},
+    };
+    cWall chosen;
+    for (const auto& [box, flag] : boxes) {
+        EXPECT_TRUE(previewed([&, ticked = box] { ticked->Value = true; }));
+        chosen.*flag = true;
+        EXPECT_EQ(*window.ChosenWall(), chosen);
+    }
     const auto chooseColor = [&] { click(window.rWallColor); };
     EXPECT_FALSE(previewed(chooseColor)); // cancelled
     EXPECT_FALSE(window.isDirty);
