@@ -6,9 +6,12 @@
 #include <QColorDialog>
 #include <QFile>
 #include <QFileDialog>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QStandardPaths>
+
+#include <algorithm>
 
 namespace quorrin {
 
@@ -42,6 +45,36 @@ QString nameFilter(const FileFilter& filter)
     }
     return names.join(", ") + " (" + patterns.join(' ') + ')';
 }
+
+/// A dialog that gives the typed name an extension when it has none of the filter's. Qt's own way adds none to
+/// "Dark.Cave", which no open dialog would list then.
+class SaveDialog : public QFileDialog {
+public:
+    SaveDialog(QWidget* parent, QStringList extensions)
+        : QFileDialog(parent, QStringLiteral("Save")), extensions_(std::move(extensions))
+    {
+        setAcceptMode(QFileDialog::AcceptSave);
+    }
+
+protected:
+    void accept() override
+    {
+        auto* name = findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+        if (name && isWithoutExtension(name->text()))
+            name->setText(name->text() + extensions_.constFirst());
+        QFileDialog::accept();
+    }
+
+private:
+    bool isWithoutExtension(const QString& name) const
+    {
+        if (extensions_.isEmpty() || name.isEmpty() || QFileInfo(directory(), name).isDir())
+            return false;
+        return std::none_of(extensions_.begin(), extensions_.end(),
+                            [&](const QString& extension) { return name.endsWith(extension, Qt::CaseInsensitive); });
+    }
+    QStringList extensions_;
+};
 
 Ref<FolderItem> chosenFile(QFileDialog& dialog, const FileFilter& filter)
 {
@@ -118,10 +151,13 @@ Ref<FolderItem> openFileDialog(const FileFilter& filter)
 Ref<FolderItem> saveFileDialog(const FileFilter& filter, const std::string& defaultName)
 {
     const QString name = qtText(defaultName);
-    const QStringList extensions = filter.empty() ? QStringList() : extensionsOf(filter.front());
-    QFileDialog dialog(frontWidget(), QStringLiteral("Save"));
-    dialog.setAcceptMode(QFileDialog::AcceptSave);
-    dialog.setDefaultSuffix(extensions.isEmpty() ? QFileInfo(name).suffix() : extensions.constFirst());
+    QStringList extensions;
+    for (const FileType& type : filter)
+        extensions += extensionsOf(type);
+    const QString proposed = '.' + QFileInfo(name).suffix();
+    if (proposed.size() > 1 && (extensions.isEmpty() || extensions.contains(proposed)))
+        extensions.prepend(proposed);
+    SaveDialog dialog(frontWidget(), extensions);
     dialog.selectFile(name);
     return chosenFile(dialog, filter);
 }

@@ -15,7 +15,7 @@ MessageDialog::Answer askPerson(const MessageDialog& question);
 void showMessage(const std::string& message);
 bool selectColor(Color& color, const std::string& prompt);
 Ref<FolderItem> openFileDialog(const FileFilter& filter);
-/// Proposes a name, adds the extension of the filter (or else of that name) to what the person types without one, and
+/// Proposes a name, adds that name's extension (or else the filter's first) to what the person types without one, and
 /// asks before an existing file is replaced.
 Ref<FolderItem> saveFileDialog(const FileFilter& filter, const std::string& defaultName);
 

@@ -160,7 +160,8 @@ void MouseWidget::keyPressEvent(QKeyEvent* event)
     if (key == Qt::Key_Space && control_.AnswersMouse()) {
         if (!event->isAutoRepeat() && !std::exchange(keyDown_, true))
             press(keyboardPlace());
-    } else if ((key == Qt::Key_Return || key == Qt::Key_Enter) && control_.AnswersMouse()) {
+    } else if ((key == Qt::Key_Return || key == Qt::Key_Enter) && control_.AnswersMouse() && !control_.AnswersDrag()) {
+        // Where one draws, a click does nothing, and Return is for the window's button.
         PressByKeyboard();
     } else if ((key == Qt::Key_Menu || (key == Qt::Key_F10 && event->modifiers() == Qt::ShiftModifier))
                && control_.HasContextualMenu()) {

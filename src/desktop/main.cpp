@@ -42,14 +42,14 @@ int main(int argc, char** argv)
     DesktopPlatform platform;
 
     App app;
-    app.Event_Open();
+    guarded([&] { app.Event_Open(); });
     if (argc > 1)
         app.Event_OpenDocument(New<FolderItem>(argv[1]));
     const HandedOver handedOver(app);
     QApplication::setQuitOnLastWindowClosed(app.AutoQuit);
 
     Window1 window;
-    window.Event_Open();
+    guarded([&] { window.Event_Open(); });
     DesktopWindow view(window);
     view.Open();
     return QApplication::exec();

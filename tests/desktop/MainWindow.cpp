@@ -263,7 +263,7 @@ TEST_F(MainWindow, QuestionsAreAnsweredByEscapeAndReturn)
         save.emplace([&](QFileDialog& dialog) {
             EXPECT_EQ(dialog.nameFilters(), QStringList("Quorrin Maker Maker (*.qrnm)"));
             auto* name = dialog.findChild<QLineEdit*>("fileNameEdit");
-            name->setText(QString::fromStdString(folder / "Cäve"));
+            name->setText(QString::fromStdString(folder / "Dark.Cäve"));
             QTest::keyClick(name, Qt::Key_Return);
         });
         QTest::keyClick(&box, Qt::Key_Return);
@@ -272,8 +272,8 @@ TEST_F(MainWindow, QuestionsAreAnsweredByEscapeAndReturn)
     EXPECT_EQ(question.count, 1);
     ASSERT_TRUE(save);
     EXPECT_EQ(save->count, 1);
-    EXPECT_EQ(contentOf(folder / "Cäve.qrnm"), window.MapText());
-    EXPECT_EQ(view.windowTitle(), "Quorrin Map Maker - Cäve[*]");
+    EXPECT_EQ(contentOf(folder / "Dark.Cäve.qrnm"), window.MapText());
+    EXPECT_EQ(view.windowTitle(), "Quorrin Map Maker - Dark[*]");
 }
 
 TEST_F(MainWindow, TheColourWellIsPressedByMouseAndKeyboard)
@@ -293,6 +293,7 @@ TEST_F(MainWindow, TheColourWellIsPressedByMouseAndKeyboard)
 
     auto& well = widgetOf<QWidget>(window.rWallColor);
     well.setFocus(Qt::TabFocusReason);
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(&well)->role(), QAccessible::ColorChooser);
     Answer<QColorDialog> byKey(choose(Qt::blue));
     person.key(Qt::Key_Return);
     EXPECT_EQ(byKey.count, 1);
