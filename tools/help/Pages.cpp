@@ -5,9 +5,9 @@
 #include "toolkit/Text.h"
 
 #include <fstream>
-#include <regex>
 #include <sstream>
 #include <stdexcept>
+#include <string_view>
 
 namespace quorrin {
 
@@ -31,30 +31,46 @@ void write(const fs::path& path, const std::string& text)
         throw std::runtime_error("cannot write " + path.string());
 }
 
+/// What stands between the first `opening` from a place on and the `closing` after it; an npos begin where there is
+/// none.
+struct Span {
+    std::size_t begin, end;
+};
+Span between(std::string_view text, std::string_view opening, std::string_view closing, std::size_t from = 0)
+{
+    const auto found = text.find(opening, from);
+    const auto end = found == text.npos ? found : text.find(closing, found);
+    return end == text.npos ? Span{end, end} : Span{found + opening.size(), end};
+}
+
 std::string withPictures(const std::string& page, const fs::path& target)
 {
-    static const std::regex request(R"(<!-- picture: (\S+) \| (.+?) -->)");
+    constexpr std::string_view opening = "<!-- picture: ";
+    constexpr std::string_view closing = " -->";
     std::string result;
-    auto rest = page.cbegin();
-    for (std::sregex_iterator found(page.begin(), page.end(), request), end; found != end; ++found) {
-        result.append(rest, (*found)[0].first);
-        rest = (*found)[0].second;
-        const std::string name = (*found)[1];
-        const std::string caption = (*found)[2];
+    std::size_t rest = 0;
+    for (auto request = between(page, opening, closing); request.begin != page.npos;
+         request = between(page, opening, closing, rest)) {
+        const auto parts = Split(page.substr(request.begin, request.end - request.begin), " | ");
+        const auto& name = parts(0);
+        const auto& caption = parts(1);
+        result += page.substr(rest, request.begin - opening.size() - rest);
+        rest = request.end + closing.size();
         if (fs::exists(target / "images" / name))
             result += "<figure><img src=\"images/" + name + "\" alt=\"" + caption + "\"><figcaption>" + caption
                       + "</figcaption></figure>";
     }
-    return result.append(rest, page.cend());
+    return result + page.substr(rest);
 }
 
 /// The page in the frame that all share; its title is its first heading.
 std::string framed(const std::string& frame, const std::string& page)
 {
-    std::smatch heading;
-    if (!std::regex_search(page, heading, std::regex("<h1>(.+?)</h1>")))
+    const auto heading = between(page, "<h1>", "</h1>");
+    if (heading.begin == page.npos)
         throw std::runtime_error("a help page without a heading");
-    return ReplaceAll(ReplaceAll(frame, "{title}", heading[1].str()), "{page}", page);
+    const auto title = page.substr(heading.begin, heading.end - heading.begin);
+    return ReplaceAll(ReplaceAll(frame, "{title}", title), "{page}", page);
 }
 
 /// The objects in the groups of the program's own menu.
