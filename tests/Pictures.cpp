@@ -140,6 +140,24 @@ TEST(Pictures, TextIsMeasuredByItsLines)
     EXPECT_EQ(g.StringWidth(""), 0);
 }
 
+TEST(Pictures, APngFileKeepsEveryPixel)
+{
+    for (const bool opaque : {true, false}) {
+        for (const auto& [width, height] : {std::pair{1, 1}, {3, 1}, {1, 4}, {60, 41}}) {
+            const auto picture = opaque ? New<Picture>(width, height, 32) : New<Picture>(width, height);
+            unsigned mixed = 1;
+            for (int n = 0; n < width * height; ++n, mixed = mixed * 1664525 + 1013904223)
+                picture->RGBSurface().SetPixel(n % width, n / width, colorFromNumber(n % 3 ? mixed : 0xFFFFFF));
+            const auto back = Picture::FromData(picture->ToData(PictureFormat::Png, 100));
+            ASSERT_TRUE(back);
+            ASSERT_EQ(std::pair(back->Width(), back->Height()), (std::pair<std::int64_t, std::int64_t>(width, height)));
+            for (int n = 0; n < width * height; ++n)
+                ASSERT_EQ(at(back, n % width, n / width), at(picture, n % width, n / width)) << opaque << ' ' << n;
+        }
+    }
+    EXPECT_THROW(New<Picture>(0, 5)->ToData(PictureFormat::Png, 100), IOException);
+}
+
 TEST(Pictures, DataThatIsNoPictureOrLiesAboutItsSizeIsRefused)
 {
     const auto picture = New<Picture>(9, 7, 32);

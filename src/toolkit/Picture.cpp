@@ -232,12 +232,13 @@ Ref<Picture> Picture::FromData(const std::string& bytes)
 
 std::string Picture::ToData(PictureFormat format, int quality) const
 {
+    if (format != PictureFormat::Jpeg)
+        return QtBridge::png(QtBridge::image(*this));
     QByteArray data;
     QBuffer buffer(&data);
     buffer.open(QIODevice::WriteOnly);
-    QImageWriter writer(&buffer, format == PictureFormat::Jpeg ? "jpeg" : "png");
-    if (format == PictureFormat::Jpeg)
-        writer.setQuality(std::clamp(quality, 0, 100));
+    QImageWriter writer(&buffer, "jpeg");
+    writer.setQuality(std::clamp(quality, 0, 100));
     if (!writer.write(QtBridge::image(*this)))
         throw IOException("The picture cannot be encoded: " + writer.errorString().toStdString());
     return data.toStdString();

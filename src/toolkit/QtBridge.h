@@ -36,6 +36,8 @@ struct QtBridge {
     /// What is seen of the picture when it is drawn.
     static QImage drawnImage(Picture& picture);
     static Ref<Picture> picture(QImage image);
+    /// The bytes of a PNG file of the image. Raises IOException for an image without pixels.
+    static std::string png(const QImage& image);
 
     /// A surface on a painter that somebody else keeps open, `width` by `height` units.
     static std::unique_ptr<Graphics> graphics(QPainter& painter, double width, double height);
