@@ -52,6 +52,15 @@ inline quorrin::Color pixelOf(const quorrin::Ref<quorrin::Picture>& picture, std
     return picture->RGBSurface().Pixel(x, y);
 }
 
+template <typename Visit>
+void forEachPixel(std::int64_t width, std::int64_t height, Visit visit)
+{
+    for (std::int64_t at = 0; at < width * height; ++at)
+        visit(at % width, at / width);
+}
+
+constexpr quorrin::Color clear = quorrin::RGB(0, 0, 0, 255);
+
 inline std::string bytesOf(const quorrin::Ref<quorrin::Picture>& picture)
 {
     return picture->ToData(quorrin::PictureFormat::Png, 100);
@@ -82,6 +91,12 @@ protected:
     }
 
     quorrin::Color pixel(std::int64_t x, std::int64_t y) { return window.myImage->RGBSurface().Pixel(x, y); }
+
+    static void click(quorrin::MouseControl& canvas, int x = 5, int y = 5, bool contextual = false)
+    {
+        canvas.Press(x, y, contextual);
+        canvas.Release(x, y);
+    }
 
     /// What an action does beyond its own subject: it composes the page anew, it makes the map dirty.
     struct Effect {
