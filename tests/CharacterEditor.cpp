@@ -25,11 +25,6 @@ protected:
         Module1::useThisCharacter = token;
         editor.Event_Open();
     }
-    Ref<FolderItem> pictureFile(const std::string& name, std::int64_t side)
-    {
-        New<Picture>(side, side, 32)->Save(folder.file(name), PictureFormat::Png, 100);
-        return folder.file(name);
-    }
     void load(const Ref<FolderItem>& file)
     {
         person.open = [file](const FileFilter&) { return file; };
@@ -44,15 +39,12 @@ protected:
 
 TEST_F(CharacterEditor, KeepsNumbersFrom0To99)
 {
-    const struct {
-        const char* typed;
-        int number;
-    } cases[] = {{"7", 7},   {"150", 99},   {"-5", 0},  {"12.9", 12}, {"twelve", 0},
-                 {"99", 99}, {"1e300", 99}, {" 8x", 8}, {"nan", 0},   {"", 0}};
-    for (const auto& one : cases) {
-        editor.TextField1.Text = one.typed;
-        EXPECT_EQ(token->Number, one.number) << one.typed;
-        EXPECT_EQ(editor.TextField1.Text.get(), one.typed);
+    const std::pair<const char*, int> cases[] = {{"7", 7},   {"150", 99},   {"-5", 0},  {"12.9", 12}, {"twelve", 0},
+                                                 {"99", 99}, {"1e300", 99}, {" 8x", 8}, {"nan", 0},   {"", 0}};
+    for (const auto& [typed, number] : cases) {
+        editor.TextField1.Text = typed;
+        EXPECT_EQ(token->Number, number) << typed;
+        EXPECT_EQ(editor.TextField1.Text.get(), typed);
     }
 }
 
@@ -69,7 +61,8 @@ TEST_F(CharacterEditor, ShowsTheNumberWhenItOpens)
 
 TEST_F(CharacterEditor, TakesThePictureOfAFileWhole)
 {
-    const auto file = pictureFile("figure.png", 300);
+    const auto file = folder.file("figure.png");
+    New<Picture>(300, 300, 32)->Save(file, PictureFormat::Png, 100);
     load(file);
     EXPECT_EQ(token->Icon->Width(), 300);
     EXPECT_EQ(token->IconData, contentOf(file->Path()));

@@ -41,19 +41,13 @@ protected:
 TEST_F(ContextualMenu, FitsTheTool)
 {
     const Entries switches{"Switch to Walls", "Switch to Objects", "Switch to DM"};
-    const Entries walls{"Toggle Top Wall",
-                        "Toggle Bottom Wall",
-                        "Toggle Left Wall",
-                        "Toggle Right Wall",
-                        "Toggle Slash Wall",
-                        "Toggle Backslash Wall",
-                        "-",
-                        "Toggle Door Top",
-                        "Toggle Door Bottom",
-                        "Toggle Door Left",
-                        "Toggle Door Right",
-                        "-",
-                        "Clear Walls"};
+    Entries walls;
+    for (const auto& [box, flag, text] : wallFlags()) {
+        if (flag == &cWall::DoorTop)
+            walls.push_back("-");
+        walls.push_back(text);
+    }
+    walls.insert(walls.end(), {"-", "Clear Walls"});
     const Entries objects{"Blank", "Terrain", "Plants", "Objects", "Inventory", "Weapons", "Buildings", "Stairs"};
     const Entries expected[] = {switches, switches, walls, objects, markerRows()};
     for (int tab = 0; tab < 5; ++tab) {
@@ -73,13 +67,6 @@ TEST_F(ContextualMenu, FitsTheTool)
 
 TEST_F(ContextualMenu, EachToggleTurnsOneFlagOver)
 {
-    const std::pair<const char*, bool cWall::*> cases[] = {
-        {"Toggle Top Wall", &cWall::Top},       {"Toggle Bottom Wall", &cWall::Bottom},
-        {"Toggle Left Wall", &cWall::Left},     {"Toggle Right Wall", &cWall::Right},
-        {"Toggle Slash Wall", &cWall::Slash},   {"Toggle Backslash Wall", &cWall::BackSlash},
-        {"Toggle Door Top", &cWall::DoorTop},   {"Toggle Door Bottom", &cWall::DoorBottom},
-        {"Toggle Door Left", &cWall::DoorLeft}, {"Toggle Door Right", &cWall::DoorRight},
-    };
     window.TabPanel1.Value = Window1::WallTool;
     window.CheckBox2.Value = true;
     window.rWallColor.FillColor = RGB(255, 0, 0);
@@ -88,13 +75,13 @@ TEST_F(ContextualMenu, EachToggleTurnsOneFlagOver)
     for (const cWall& before : {cWall(), cWall(true, true, true, true, true, true, true, true, true, true, white)}) {
         *wall = before;
         const auto same = wall;
-        for (const auto& [text, flag] : cases) {
+        for (const auto& [box, flag, text] : wallFlags()) {
             cWall turned = before;
             turned.*flag = !(turned.*flag);
-            EXPECT_EQ(choose(text), both);
-            EXPECT_EQ(*wall, turned) << text;
-            EXPECT_EQ(choose(text), both);
-            EXPECT_EQ(*wall, before) << text;
+            for (const cWall& expected : {turned, before}) {
+                EXPECT_EQ(choose(text), both);
+                EXPECT_EQ(*wall, expected) << text;
+            }
         }
         EXPECT_TRUE(wall == same);
     }
@@ -110,13 +97,11 @@ TEST_F(ContextualMenu, PlacesObjectsAndMarkersAndMovesTheirPopups)
     for (const int layer : {0, 1}) {
         window.pmObjectLayer.ListIndex = layer;
         auto& object = (layer == 0 ? window.mySquares : window.mySquaresTop)(2, 3)->thisObject;
-        EXPECT_EQ(choose("Key"), both);
-        EXPECT_EQ(object, 122);
-        EXPECT_EQ(window.pmObjects.ListIndex, 122);
-        EXPECT_TRUE(window.btnMaze.Enabled);
-        EXPECT_EQ(choose("Blank"), both);
-        EXPECT_EQ(object, 0);
-        EXPECT_FALSE(window.btnMaze.Enabled);
+        for (const auto& [text, number] : {std::pair{"Key", 122}, {"Blank", 0}}) {
+            EXPECT_EQ(choose(text), both);
+            EXPECT_TRUE(object == number && window.pmObjects.ListIndex == number) << text;
+            EXPECT_EQ(window.btnMaze.Enabled, number > 0);
+        }
         EXPECT_EQ(window.MapText(), blank);
     }
     window.TabPanel1.Value = Window1::MarkerTool;

@@ -14,12 +14,6 @@ using BulkCommands = Program;
 
 namespace {
 
-void click(MouseControl& canvas, int x = 5, int y = 5, bool contextual = false)
-{
-    canvas.Press(x, y, contextual);
-    canvas.Release(x, y);
-}
-
 /// In landscape: the top left corner of square (2, 3), and the gap beside it.
 constexpr int x2 = 69, y3 = 166, gap = x2 - 1;
 
@@ -27,20 +21,18 @@ constexpr int x2 = 69, y3 = 166, gap = x2 - 1;
 
 TEST_F(HitTest, EdgesInBothOrientations)
 {
-    struct Case {
-        int orientation, x, y, column, row; // column 0: no square
-    };
-    const Case cases[] = {
+    const std::tuple<int, int, int, int, int> cases[] = {
+        // column 0: no square
         {0, 7, 42, 1, 1},    {0, 67, 102, 1, 1},  {0, 6, 42, 0, 0},     {0, 7, 41, 0, 0},  {0, 68, 102, 0, 0},
         {0, 67, 103, 0, 0},  {0, 69, 42, 2, 1},   {0, 7, 104, 1, 2},    {0, 7, 538, 0, 0}, {0, 749, 536, 12, 8},
         {0, 750, 536, 0, 0}, {0, 749, 537, 0, 0}, {1, 38, 7, 1, 1},     {1, 98, 67, 1, 1}, {1, 37, 7, 0, 0},
         {1, 38, 6, 0, 0},    {1, 100, 69, 2, 2},  {1, 532, 749, 8, 12}, {1, 534, 7, 0, 0}, {1, 532, 750, 0, 0},
     };
-    for (const auto& c : cases) {
-        window.pmLandscape.ListIndex = c.orientation;
+    for (const auto& [orientation, x, y, column, row] : cases) {
+        window.pmLandscape.ListIndex = orientation;
         for (const auto* layer : {&window.mySquares, &window.mySquaresTop}) {
-            const auto cell = cellAt(*layer, c.x, c.y).value_or(Cell{0, 0});
-            EXPECT_TRUE(cell.column == c.column && cell.row == c.row) << c.orientation << ": " << c.x << ", " << c.y;
+            const auto cell = cellAt(*layer, x, y).value_or(Cell{0, 0});
+            EXPECT_TRUE(cell.column == column && cell.row == row) << orientation << ": " << x << ", " << y;
         }
     }
     constexpr auto highest = std::numeric_limits<std::int64_t>::max();
@@ -71,22 +63,9 @@ TEST_F(Panels, WhatComposesAndWhatMakesDirty)
     Window1& w = window;
     person.selectColor = [](Color& color) { return color = RGB(1, 2, 3), true; };
     const std::tuple<const char*, std::function<void()>, Effect> cases[] = {
-        {"orientation", [&] { w.pmLandscape.ListIndex = 1; }, both},
-        {"the same orientation again", [&] { w.pmLandscape.ListIndex = 1; }, both},
-        {"background", [&] { w.pmBackground.ListIndex = 2; }, both},
         {"overlay", [&] { w.cbOverlayUserPict.Value = true; }, both},
-        {"top border", [&] { w.pmBorderTop.ListIndex = 1; }, both},
-        {"bottom border", [&] { w.pmBorderBottom.ListIndex = 2; }, both},
-        {"left border", [&] { w.pmBorderLeft.ListIndex = 3; }, both},
-        {"right border", [&] { w.pmBorderRight.ListIndex = 1; }, both},
-        {"grid", [&] { w.pmGrid.ListIndex = 1; }, both},
         {"clickable", [&] { w.cbShowClickable.Value = true; }, composed},
-        {"visible layers", [&] { w.pmVisibleLayers.ListIndex = 1; }, composed},
-        {"color mode", [&] { w.pmColorBW.ListIndex = 1; }, both},
         {"show markers", [&] { w.cbShowDMObjects.Value = false; }, both},
-        {"drawing layer", [&] { w.pmObjectLayer.ListIndex = 1; }, nothing},
-        {"object", [&] { w.pmObjects.ListIndex = 1; }, nothing},
-        {"marker", [&] { w.pmDM.ListIndex = 1; }, nothing},
         {"wall box", [&] { w.CheckBox6.Value = true; }, nothing},
         {"clear boxes", [&] { w.PushButton3.Push(); }, nothing},
         {"wall color", [&] { click(w.rWallColor); }, dirty},
@@ -97,6 +76,13 @@ TEST_F(Panels, WhatComposesAndWhatMakesDirty)
     };
     for (const auto& [name, action, effect] : cases)
         EXPECT_EQ(effectOf(action), effect) << name;
+    const std::pair<PopupMenu*, Effect> popups[] = {
+        {&w.pmLandscape, both},  {&w.pmBackground, both},     {&w.pmBorderTop, both},  {&w.pmBorderBottom, both},
+        {&w.pmBorderLeft, both}, {&w.pmBorderRight, both},    {&w.pmGrid, both},       {&w.pmVisibleLayers, composed},
+        {&w.pmColorBW, both},    {&w.pmObjectLayer, nothing}, {&w.pmObjects, nothing}, {&w.pmDM, nothing}};
+    for (const auto& [popup, effect] : popups)
+        for (const char* time : {"once", "the same row again"})
+            EXPECT_EQ(effectOf([&, menu = popup] { menu->ListIndex = 1; }), effect) << time;
     EXPECT_EQ(w.myScript->Monsters + w.myScript->GamtText, "orca cave");
 }
 
@@ -127,8 +113,8 @@ TEST_F(Panels, OrientationTurnsTheCanvasAndKeepsWhatIsHidden)
         window.pmLandscape.ListIndex = row;
         EXPECT_EQ(window.Canvas1.Width, row == 0 ? 756 : 576);
         EXPECT_EQ(window.Canvas1.Height, row == 0 ? 576 : 756);
-        EXPECT_EQ(window.mySquares(10, 3)->Visible, row == 0);
-        EXPECT_EQ(window.mySquaresTop(10, 3)->Visible, row == 0);
+        EXPECT_TRUE(window.mySquares(10, 3)->Visible == (row == 0)
+                    && window.mySquaresTop(10, 3)->Visible == (row == 0));
     }
     EXPECT_EQ(window.MapText(), map);
 }
@@ -141,18 +127,11 @@ TEST_F(Panels, TheWallSetIsPreviewedAndItsColorChosen)
         action();
         return !(window.myWall == before);
     };
-    const std::pair<CheckBox*, bool cWall::*> boxes[] = {
-        {&window.CheckBox1, &cWall::Top},       {&window.CheckBox2, &cWall::Bottom},
-        {&window.CheckBox3, &cWall::Left},      {&window.CheckBox4, &cWall::Right},
-        {&window.CheckBox5, &cWall::Slash},     {&window.CheckBox6, &cWall::BackSlash},
-        {&window.cbDoorTop, &cWall::DoorTop},   {&window.cbDoorBottom, &cWall::DoorBottom},
-        {&window.cbDoorLeft, &cWall::DoorLeft}, {&window.cbDoorRight, &cWall::DoorRight},
-    };
     cWall chosen;
-    for (const auto& [box, flag] : boxes) {
+    for (const auto& [box, flag, entry] : wallFlags()) {
         EXPECT_TRUE(previewed([&, ticked = box] { ticked->Value = true; }));
         chosen.*flag = true;
-        EXPECT_EQ(*window.ChosenWall(), chosen);
+        EXPECT_EQ(*window.ChosenWall(), chosen) << entry;
     }
     const auto chooseColor = [&] { click(window.rWallColor); };
     EXPECT_FALSE(previewed(chooseColor)); // cancelled
@@ -252,13 +231,12 @@ TEST_F(Clicks, ChangeWhatTheToolIsForAndNothingElse)
 
 TEST_F(BulkCommands, ClearAfterTheirQuestion)
 {
-    struct Case {
+    const struct {
         bool (Window1::*command)();
         int layer;
         const char *message, *action;
         bool bottom, top, walls;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {&Window1::_mnuClearAllObjects_Action, 0, "Clear All Objects? This cannot be undone.", "Clear All Objects",
          true, true, false},
         {&Window1::_mnuClearObjectCurLayer_Action, 0, "Clear all bottom layer objects? This cannot be undone.",
@@ -308,11 +286,9 @@ TEST_F(BulkCommands, FillTheBlankSquaresThatShow)
         window.pmObjects.ListIndex = object;
         EXPECT_EQ(effectOf([&] { window.btnClearAllSquares.Push(); }), both);
         EXPECT_TRUE(person.questions.empty());
-        for (int i = 1; i <= 12; ++i) {
-            for (int j = 1; j <= 12; ++j) {
-                EXPECT_EQ(window.mySquaresTop(i, j)->thisObject, i == 3 && j == 3 ? 9 : j <= 8 ? object : 0);
-                EXPECT_EQ(window.mySquares(i, j)->thisObject, 0);
-            }
-        }
+        forEachPixel(12, 12, [&](auto x, auto y) {
+            EXPECT_EQ(window.mySquaresTop(x + 1, y + 1)->thisObject, x == 2 && y == 2 ? 9 : y < 8 ? object : 0);
+            EXPECT_EQ(window.mySquares(x + 1, y + 1)->thisObject, 0);
+        });
     }
 }

@@ -13,6 +13,7 @@
 #include <sstream>
 #include <stdexcept>
 #include <string>
+#include <tuple>
 
 /// A folder of its own for each test. Preferences land there too.
 class TestFolder {
@@ -88,6 +89,23 @@ protected:
         person.messages.clear();
         window.mOpen(folder.file("Map.qrnm"));
         return person.messages;
+    }
+
+    /// The flags of a wall set with their boxes and their entries in the contextual menu.
+    std::vector<std::tuple<quorrin::CheckBox*, bool quorrin::cWall::*, const char*>> wallFlags()
+    {
+        using quorrin::cWall;
+        auto& w = window;
+        return {{&w.CheckBox1, &cWall::Top, "Toggle Top Wall"},
+                {&w.CheckBox2, &cWall::Bottom, "Toggle Bottom Wall"},
+                {&w.CheckBox3, &cWall::Left, "Toggle Left Wall"},
+                {&w.CheckBox4, &cWall::Right, "Toggle Right Wall"},
+                {&w.CheckBox5, &cWall::Slash, "Toggle Slash Wall"},
+                {&w.CheckBox6, &cWall::BackSlash, "Toggle Backslash Wall"},
+                {&w.cbDoorTop, &cWall::DoorTop, "Toggle Door Top"},
+                {&w.cbDoorBottom, &cWall::DoorBottom, "Toggle Door Bottom"},
+                {&w.cbDoorLeft, &cWall::DoorLeft, "Toggle Door Left"},
+                {&w.cbDoorRight, &cWall::DoorRight, "Toggle Door Right"}};
     }
 
     quorrin::Color pixel(std::int64_t x, std::int64_t y) { return window.myImage->RGBSurface().Pixel(x, y); }

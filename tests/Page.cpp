@@ -4,6 +4,7 @@
 
 #include <functional>
 #include <set>
+#include <utility>
 
 using namespace quorrin;
 
@@ -182,19 +183,18 @@ TEST_F(Page, LayersShowAsChosenAndHiddenSquaresDrawNothing)
     window.mySquaresTop(2, 1)->thisObject = 37;
     window.mySquares(2, 1)->Wall->Left = true;
     window.mySquares(1, 9)->thisObject = 1;
-    const auto expected = [&](int shown) { // row of the popup
-        Window1 other;
-        other.Event_Open();
-        other.mySquares(2, 1)->thisObject = shown == 1 ? 0 : 25;
-        other.mySquaresTop(2, 1)->thisObject = shown == 2 ? 0 : 37;
-        other.mySquares(2, 1)->Wall->Left = true;
-        other.RenderMap(true);
-        return std::array{bytesOf(other.myImage)};
-    };
-    for (const int shown : {0, 1, 2}) {
+    for (const int shown : {1, 2}) {
         window.pmVisibleLayers.ListIndex = shown;
         EXPECT_EQ(pixel(69 + 2, 42 + 10), black) << "walls show over objects, whatever layers do";
-        EXPECT_EQ(std::array{bytesOf(window.myImage)}, expected(shown)) << shown;
+        const auto page = window.myImage;
+        window.pmVisibleLayers.ListIndex = 0;
+        auto& object = (shown == 2 ? window.mySquares : window.mySquaresTop)(2, 1)->thisObject;
+        const auto kept = std::exchange(object, 0);
+        window.RenderMap(true);
+        EXPECT_TRUE(same(page, window.myImage));
+        object = kept;
+        window.RenderMap(true);
+        EXPECT_FALSE(same(page, window.myImage));
     }
     EXPECT_EQ(window.mySquares(1, 9)->thisObject, 1);
 }

@@ -43,11 +43,7 @@ protected:
 
 TEST_F(PdfPages, HaveThePrintableAreaOfTheSetup)
 {
-    const struct {
-        const char* setup;
-        double width;
-        double height;
-    } cases[] = {
+    const std::tuple<const char*, double, double> cases[] = {
         {"", 595 - 56, 842 - 56},
         {"paper=A4;orientation=landscape", 842 - 56, 595 - 56},
         {"paper=Letter;orientation=landscape;margins=0,0,0,0", 792, 612},
@@ -59,10 +55,10 @@ TEST_F(PdfPages, HaveThePrintableAreaOfTheSetup)
         {"size=nanxinf;margins=-5,0,0,0;;=;====;paper=A5", 420 - 56, 595 - 56},
         {"\xff\xfe<xml>%1", 595 - 56, 842 - 56},
     };
-    for (const auto& one : cases) {
-        const auto pages = printToPdf(file.string(), {one.setup}, 1);
-        EXPECT_NEAR(pages->Width(), one.width, 1) << one.setup;
-        EXPECT_NEAR(pages->Height(), one.height, 1) << one.setup;
+    for (const auto& [setup, width, height] : cases) {
+        const auto pages = printToPdf(file.string(), {setup}, 1);
+        EXPECT_NEAR(pages->Width(), width, 1) << setup;
+        EXPECT_NEAR(pages->Height(), height, 1) << setup;
     }
 }
 

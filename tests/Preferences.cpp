@@ -21,12 +21,7 @@ protected:
 
 TEST_F(IniFile, FindsAValueByItsSectionAndKey)
 {
-    const struct {
-        const char* content;
-        const char* section;
-        const char* key;
-        const char* value;
-    } cases[] = {
+    const std::tuple<const char*, const char*, const char*, const char*> cases[] = {
         {"[A]\rk=v\r", "A", "k", "v"},
         {"[A]\rk=v\r", "B", "k", ""},
         {"[A]\rk=v\r", "A", "x", ""},
@@ -39,23 +34,19 @@ TEST_F(IniFile, FindsAValueByItsSectionAndKey)
         {"[A]", "A", "k", ""},
         {"", "A", "k", ""},
     };
-    for (const auto& one : cases) {
-        writeFile(file->Path(), one.content);
+    for (const auto& [before, section, key, expected] : cases) {
+        writeFile(file->Path(), before);
         std::string value = "old";
-        const auto length = ini.GetPreference(one.section, one.key, value);
-        EXPECT_EQ(value, one.value) << one.content;
+        const auto length = ini.GetPreference(section, key, value);
+        EXPECT_EQ(value, expected) << before;
         EXPECT_EQ(length, static_cast<std::int64_t>(value.size()));
-        EXPECT_EQ(content(), one.content);
+        EXPECT_EQ(content(), before);
     }
 }
 
 TEST_F(IniFile, PutsAValueInItsPlace)
 {
-    const struct {
-        const char* before;
-        const char* section;
-        const char* after;
-    } cases[] = {
+    const std::tuple<const char*, const char*, const char*> cases[] = {
         {"", "A", "[A]\rk=new\r"},
         {"[A]\rk=old\r", "A", "[A]\rk=new\r"},
         {"[A]\rk=new\r", "A", "[A]\rk=new\r"},
@@ -67,22 +58,13 @@ TEST_F(IniFile, PutsAValueInItsPlace)
         {"[A]\rk=unended", "A", "[A]\rk=new\r"},
         {"[A]\r", "A", "[A]\rk=new\r"},
     };
-    for (const auto& one : cases) {
-        writeFile(file->Path(), one.before);
-        ini.SetPreference(one.section, "k", "new");
-        EXPECT_EQ(content(), one.after) << one.before;
+    for (const auto& [before, section, after] : cases) {
+        writeFile(file->Path(), before);
+        ini.SetPreference(section, "k", "new");
+        EXPECT_EQ(content(), after) << before;
         std::string value;
-        EXPECT_EQ(ini.GetPreference(one.section, "k", value), 3) << one.before;
+        EXPECT_EQ(ini.GetPreference(section, "k", value), 3) << before;
     }
-}
-
-TEST_F(IniFile, IsMadeByTheFirstValueAlone)
-{
-    std::string value;
-    EXPECT_EQ(ini.GetPreference("A", "k", value), 0);
-    EXPECT_FALSE(file->Exists());
-    ini.SetPreference("PageSetup", "Settings", "abc=");
-    EXPECT_EQ(content(), "[PageSetup]\rSettings=abc=\r");
 }
 
 TEST_F(IniFile, ThatCannotBeReadIsLeftAlone)
@@ -114,21 +96,13 @@ protected:
 
 } // namespace
 
-TEST_F(Preferences, AreEmptyAtFirst)
-{
-    EXPECT_TRUE(folder.file("ZVKQuorrinMapMaker")->Exists());
-    EXPECT_FALSE(file->Exists());
-    EXPECT_TRUE(Module1::myINI);
-    EXPECT_FALSE(Module1::myPrinterSetup);
-    EXPECT_EQ(Module1::sep, "\xbb");
-}
-
 TEST_F(Preferences, KeepThePageSetupAcrossRuns)
 {
     // Long enough for several lines of base-64, and no text of ours.
     std::string chosen;
     for (int i = 0; i < 300; ++i)
         chosen += static_cast<char>(i);
+    EXPECT_FALSE(Module1::myPrinterSetup);
     Module1::ShowPageSetup();
     EXPECT_FALSE(file->Exists());
     EXPECT_EQ(Module1::myPrinterSetup->SetupString, ""); // a fresh one, though the dialog was cancelled

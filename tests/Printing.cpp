@@ -11,26 +11,18 @@ using namespace quorrin;
 
 TEST(PrintTurning, TurnsAllButLandscapeOnLandscape)
 {
-    const struct {
-        double pageWidth, pageHeight, width;
-        bool upright;
-    } cases[] = {
+    const std::tuple<double, double, double, bool> cases[] = {
         {792, 612, 756, true},  {612, 792, 756, false},  {792, 612, 576, false}, {792, 575, 576, true},
         {612, 792, 576, false}, {792, 576, 576, false},  {842, 595, 60, false},  {842, 59, 60, true},
         {700, 700, 756, false}, {1000, 756, 756, false},
     };
-    for (const auto& one : cases)
-        EXPECT_EQ(staysUpright(one.pageWidth, one.pageHeight, one.width), one.upright)
-            << one.pageWidth << " x " << one.pageHeight << ", " << one.width;
+    for (const auto& [pageWidth, pageHeight, width, upright] : cases)
+        EXPECT_EQ(staysUpright(pageWidth, pageHeight, width), upright) << pageWidth << ", " << pageHeight;
 }
 
 TEST(ScriptPaging, OverlapsByALine)
 {
-    const struct {
-        const char* lines;
-        double limit;
-        std::vector<ScriptPage> pages;
-    } cases[] = {
+    const std::tuple<const char*, double, std::vector<ScriptPage>> cases[] = {
         {"a,b,c", 30, {{"a\rb\rc\r", false}}},
         {"a,b,c", 20, {{"a\rb\r", false}, {"b\rc\r", true}}},
         {"a,b,c,d,e", 30, {{"a\rb\rc\r", false}, {"c\rd\re\r", true}}},
@@ -42,12 +34,11 @@ TEST(ScriptPaging, OverlapsByALine)
         {"a,b", 5, {{"", false}, {"a\r", false}, {"a\rb\r", false}}},
         {"", 30, {}},
     };
-    for (const auto& one : cases) {
+    for (const auto& [lines, limit, expected] : cases) {
         const auto height = [](const std::string& text) {
             return 10.0 * static_cast<double>(std::ranges::count(text, '\r') + 3 * std::ranges::count(text, 'L'));
         };
-        const auto pages = scriptPages(Split(one.lines, ","), one.limit, height);
-        EXPECT_EQ(pages, one.pages) << one.lines << " within " << one.limit;
+        EXPECT_EQ(scriptPages(Split(lines, ","), limit, height), expected) << lines << " within " << limit;
     }
 }
 
@@ -86,24 +77,21 @@ protected:
 
 TEST_F(Printing, PrintsEachCopyOfTheMapOnAPage)
 {
-    const struct {
-        const char* setup;
-        int orientation;
-        int printedWidth;
-    } cases[] = {{"paper=Letter;orientation=landscape;margins=30,20,30,20", 0, 756},
-                 {"paper=Letter", 0, 576},
-                 {"paper=Letter;orientation=landscape;margins=30,5,30,5", 1, 756},
-                 {"paper=Letter", 1, 756}};
-    for (const auto& one : cases) {
+    const std::tuple<const char*, int, int> cases[] = {
+        {"paper=Letter;orientation=landscape;margins=30,20,30,20", 0, 756},
+        {"paper=Letter", 0, 576},
+        {"paper=Letter;orientation=landscape;margins=30,5,30,5", 1, 756},
+        {"paper=Letter", 1, 756}};
+    for (const auto& [setup, orientation, printedWidth] : cases) {
         for (const int wanted : {1, 3}) {
             copies = wanted;
-            Module1::myPrinterSetup->SetupString = one.setup;
-            window.pmLandscape.ListIndex = one.orientation;
+            Module1::myPrinterSetup->SetupString = setup;
+            window.pmLandscape.ListIndex = orientation;
             window.isDirty = false;
             const auto page = window.myImage;
             EXPECT_TRUE(window.ChooseMenu("mnuPrint"));
-            EXPECT_EQ(pages(), wanted) << one.setup;
-            EXPECT_EQ(count(pdf(), "/Width " + std::to_string(one.printedWidth)), 1) << one.setup;
+            EXPECT_EQ(pages(), wanted) << setup;
+            EXPECT_EQ(count(pdf(), "/Width " + std::to_string(printedWidth)), 1) << setup;
             EXPECT_TRUE(window.myImage == page);
             EXPECT_FALSE(window.isDirty);
         }

@@ -8,48 +8,16 @@ using namespace quorrin;
 
 TEST(RosterRegions, AreLooserThanTheTokens)
 {
-    const struct {
-        int x, y, token;
-    } cases[] = {
-        {35, 0, 1},
-        {34, 0, 0},
-        {95, 100, 1},
-        {96, 100, 0},
-        {104, 100, 0},
-        {105, 289, 2},
-        {105, 290, 0},
-        {105, 294, 0},
-        {105, 295, 12},
-        {725, 575, 20},
-        {726, 575, 0},
-        {665, -7, 10},
-        {35, 9999, 11},
-        {-2147483648, 0, 0},
-        {2147483647, 2147483647, 0},
-        {665, 2147483647, 20},
-    };
-    for (const auto& one : cases)
-        EXPECT_EQ(tokenAt(one.x, one.y), one.token) << one.x << "," << one.y;
+    const std::tuple<int, int, int> cases[] = {
+        {35, 0, 1},           {34, 0, 0},    {95, 100, 1},   {96, 100, 0},        {104, 100, 0},
+        {105, 289, 2},        {105, 290, 0}, {105, 294, 0},  {105, 295, 12},      {725, 575, 20},
+        {726, 575, 0},        {665, -7, 10}, {35, 9999, 11}, {-2147483648, 0, 0}, {2147483647, 2147483647, 0},
+        {665, 2147483647, 20}};
+    for (const auto& [x, y, token] : cases)
+        EXPECT_EQ(tokenAt(x, y), token) << x << "," << y;
 }
 
-namespace {
-
-class Roster : public Program {
-protected:
-    void click(int x, int y)
-    {
-        window.cvCharacters.Press(x, y);
-        window.cvCharacters.Release(x, y);
-    }
-    Ref<Picture> painted()
-    {
-        auto picture = New<Picture>(756, 576);
-        window.cvCharacters.Paint(picture->Graphics());
-        return picture;
-    }
-};
-
-} // namespace
+using Roster = Program;
 
 TEST_F(Roster, OpensTheEditorAndCountsTheMapAsChanged)
 {
@@ -59,12 +27,10 @@ TEST_F(Roster, OpensTheEditorAndCountsTheMapAsChanged)
         EXPECT_EQ(editor.Title.get(), "Character");
         EXPECT_TRUE(Module1::useThisCharacter == window.myCharacters(12));
     };
-    click(100, 300);
-    EXPECT_EQ(opened, 0);
-    EXPECT_FALSE(window.isDirty);
-    click(105, 300);
-    EXPECT_EQ(opened, 1);
-    EXPECT_TRUE(window.isDirty);
+    for (const bool hit : {false, true}) {
+        click(window.cvCharacters, hit ? 105 : 100, 300);
+        EXPECT_TRUE(opened == hit && window.isDirty == hit);
+    }
 }
 
 TEST_F(Roster, ShowsAnEditedTokenOnTheMap)
@@ -76,24 +42,22 @@ TEST_F(Roster, ShowsAnEditedTokenOnTheMap)
         Module1::useThisCharacter->IconData = "-3";
         Module1::useThisCharacter->LoadIcon();
     };
-    click(35, 15);
+    click(window.cvCharacters, 35, 15);
     EXPECT_NE(bytesOf(window.myImage), before);
 }
 
 TEST_F(Roster, DrawsTwoRowsOfTen)
 {
     window.myCharacters(11)->Number = 5;
-    const auto sheet = painted();
-    for (int row = 0; row < 2; ++row) {
-        for (int column = 0; column < 10; ++column) {
-            const int x = 35 + 70 * column;
-            const int y = row == 0 ? 15 : 295;
-            EXPECT_EQ(pixelOf(sheet, x, y), black);
-            EXPECT_EQ(pixelOf(sheet, x + 59, y + 269), black);
-            for (const auto& [dx, dy] : {std::pair{-1, 0}, {0, -1}, {60, 269}, {59, 270}, {1, 1}})
-                EXPECT_EQ(pixelOf(sheet, x + dx, y + dy), white) << x << "," << y;
-        }
-    }
+    const auto sheet = New<Picture>(756, 576);
+    window.cvCharacters.Paint(sheet->Graphics());
+    forEachPixel(10, 2, [&](auto column, auto row) {
+        const auto x = 35 + 70 * column, y = 15 + 280 * row;
+        EXPECT_EQ(pixelOf(sheet, x, y), black);
+        EXPECT_EQ(pixelOf(sheet, x + 59, y + 269), black);
+        for (const auto& [dx, dy] : {std::pair{-1, 0}, {0, -1}, {60, 269}, {59, 270}, {1, 1}})
+            EXPECT_EQ(pixelOf(sheet, x + dx, y + dy), white) << x << "," << y;
+    });
 }
 
 TEST_F(Roster, TellsWhatLiesAtAPlace)

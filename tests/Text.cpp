@@ -16,30 +16,12 @@ constexpr auto least = std::numeric_limits<std::int64_t>::min();
 TEST(Text, NumbersAtTheStartOfATextAreCutAndSaturated)
 {
     const std::pair<const char*, std::int64_t> cases[] = {
-        {"", 0},
-        {"abc", 0},
-        {"12", 12},
-        {"  12.9x", 12},
-        {"-3.7", -3},
-        {"+4", 4},
-        {".5e1", 5},
-        {"-", 0},
-        {"inf", 0},
-        {"nan", 0},
-        {"1e999", most},
-        {"-1e999", least},
-        {"1e-999", 0},
-        {"1e19", most},
-        {"-9223372036854775809", least},
-        {"&h1F", 31},
-        {"&HffFFff", 0xFFFFFF},
-        {"&hxyz", 0},
-        {"&h-5", 0},
-        {"&hFFFFFFFFFFFFFFFFFF", most},
-        {"0x10", 0},
-        {"1,2", 1},
-        {"\r\n 7", 7},
-        {"--1", 0},
+        // clang-format off
+        {"", 0}, {"abc", 0}, {"12", 12}, {"  12.9x", 12}, {"-3.7", -3}, {"+4", 4}, {".5e1", 5}, {"-", 0}, {"inf", 0},
+        {"nan", 0}, {"1e999", most}, {"-1e999", least}, {"1e-999", 0}, {"1e19", most},
+        {"-9223372036854775809", least}, {"&h1F", 31}, {"&HffFFff", 0xFFFFFF}, {"&hxyz", 0}, {"&h-5", 0},
+        {"&hFFFFFFFFFFFFFFFFFF", most}, {"0x10", 0}, {"1,2", 1}, {"\r\n 7", 7}, {"--1", 0}
+        // clang-format on
     };
     for (const auto& [text, number] : cases)
         EXPECT_EQ(Int(Val(text)), number) << text;

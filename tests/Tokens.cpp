@@ -7,7 +7,6 @@ namespace {
 constexpr Color red = RGB(200, 0, 0);
 constexpr Color blue = RGB(0, 0, 200);
 constexpr Color grey = RGB(170, 170, 170);
-constexpr Color clear = RGB(0, 0, 0, 255);
 
 /// A picture whose upper half is red and whose lower half is blue.
 Ref<Picture> redOverBlue(std::int64_t width, std::int64_t height)
@@ -31,9 +30,8 @@ Ref<Picture> drawn(const cCharacter& token, std::int64_t width = 60)
 int inkedPixels(const Ref<Picture>& picture, int top, int bottom)
 {
     int inked = 0;
-    for (int y = top; y < bottom; ++y)
-        for (int x = 1; x < picture->Width() - 1; ++x)
-            inked += !(pixelOf(picture, x, y) == white);
+    forEachPixel(picture->Width() - 2, bottom - top,
+                 [&](auto x, auto y) { inked += pixelOf(picture, x + 1, y + top) != white; });
     return inked;
 }
 
@@ -41,24 +39,20 @@ int inkedPixels(const Ref<Picture>& picture, int top, int bottom)
 
 TEST(Tokens, ShrinkTheirPictureInEqualSteps)
 {
-    const struct {
-        int width, height, sizedWidth, sizedHeight;
-    } cases[] = {
+    const std::tuple<int, int, int, int> cases[] = {
         {60, 100, 60, 100}, {1, 1, 1, 1},     {61, 100, 54, 90}, {61, 10, 54, 9}, {200, 200, 56, 56},
         {640, 480, 56, 42}, {10, 500, 1, 92}, {1, 200, 0, 95},   {500, 1, 54, 0},
     };
-    for (const auto& one : cases) {
+    for (const auto& [width, height, sizedWidth, sizedHeight] : cases) {
         cCharacter token;
-        token.Icon = redOverBlue(one.width, one.height);
+        token.Icon = redOverBlue(width, height);
         const auto sized = token.SizeIcon();
-        EXPECT_EQ(sized->Width(), one.sizedWidth) << one.width << " x " << one.height;
-        EXPECT_EQ(sized->Height(), one.sizedHeight) << one.width << " x " << one.height;
-        EXPECT_EQ(sized == token.Icon, one.width <= 60 && one.height <= 100);
-        EXPECT_EQ(token.Icon->Width(), one.width);
+        EXPECT_TRUE(sized->Width() == sizedWidth && sized->Height() == sizedHeight) << width << " x " << height;
+        EXPECT_EQ(sized == token.Icon, width <= 60 && height <= 100);
+        EXPECT_EQ(token.Icon->Width(), width);
         drawn(token);
     }
     EXPECT_EQ(cCharacter().SizeIcon()->Width(), 32);
-    EXPECT_EQ(cCharacter().SizeIcon()->Height(), 32);
 }
 
 TEST(Tokens, FlipRowsAndNotColumns)
@@ -68,12 +62,9 @@ TEST(Tokens, FlipRowsAndNotColumns)
     pixels.SetPixel(0, 0, red);
     pixels.SetPixel(2, 1, blue);
     const auto flipped = cCharacter::FlipIcon(source);
-    for (int x = 0; x < 3; ++x)
-        for (int y = 0; y < 4; ++y)
-            EXPECT_EQ(pixelOf(flipped, x, y), x == 0 && y == 3   ? red
-                                              : x == 2 && y == 2 ? blue
-                                                                 : white)
-                << x << "," << y;
+    forEachPixel(3, 4, [&](int x, int y) {
+        EXPECT_EQ(pixelOf(flipped, x, y), x == 0 && y == 3 ? red : x == 2 && y == 2 ? blue : white) << x << "," << y;
+    });
     EXPECT_EQ(pixelOf(source, 0, 0), red);
     EXPECT_EQ(pixelOf(source, 1, 1), clear);
 }
@@ -85,22 +76,19 @@ TEST(Tokens, ShowTheFigureOnBothHalves)
     for (const int width : {60, 67}) {
         const auto picture = drawn(token, width);
         const int left = (width - 60) / 2;
-        const struct {
-            int y;
-            Color color;
-        } rows[] = {{1, white}, {21, white}, {22, grey},   {27, white},  {28, blue},   {77, blue},
-                    {78, red},  {127, red},  {128, white}, {135, grey},  {140, white}, {141, red},
-                    {190, red}, {191, blue}, {240, blue},  {241, white}, {248, grey},  {268, white}};
-        for (const auto& row : rows)
-            EXPECT_EQ(pixelOf(picture, 30, row.y), row.color) << row.y << " of " << width;
+        const std::pair<int, Color> rows[] = {{1, white},   {21, white}, {22, grey},  {27, white},  {28, blue},
+                                              {77, blue},   {78, red},   {127, red},  {128, white}, {135, grey},
+                                              {140, white}, {141, red},  {190, red},  {191, blue},  {240, blue},
+                                              {241, white}, {248, grey}, {268, white}};
+        for (const auto& [y, color] : rows)
+            EXPECT_EQ(pixelOf(picture, 30, y), color) << y << " of " << width;
         for (const int y : {0, 50, 200, 269})
             for (const int x : {0, width - 1})
                 EXPECT_EQ(pixelOf(picture, x, y), black);
         EXPECT_EQ(pixelOf(picture, 1, 150), left > 1 ? white : red);
         EXPECT_EQ(pixelOf(picture, 65, 150), white);
     }
-    const auto blank = drawn({});
-    EXPECT_EQ(inkedPixels(blank, 1, 269), 3 * 58);
+    EXPECT_EQ(inkedPixels(drawn({}), 1, 269), 3 * 58);
 }
 
 TEST(Tokens, CarryTheirNumberOnOneFoot)

