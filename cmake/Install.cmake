@@ -1,0 +1,85 @@
+# What `cmake --install` lays down and what the Debian package holds. The sources lie in packaging/.
+
+include(GNUInstallDirs)
+find_program(GZIP gzip REQUIRED)
+
+set(packaging ${PROJECT_SOURCE_DIR}/packaging)
+set(packaging_build ${CMAKE_BINARY_DIR}/packaging)
+set(app_id org.quorrin.MapMaker)
+set(app_data ${CMAKE_INSTALL_DATADIR}/quorrin-map-maker)
+
+install(TARGETS quorrin-map-maker quorrin-map-batch)
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/samples/ DESTINATION ${app_data}/samples FILES_MATCHING PATTERN *.qrnm)
+install(DIRECTORY ${CMAKE_BINARY_DIR}/help/ DESTINATION ${app_data}/help OPTIONAL)
+
+# The desktop: menu entry, file type, icons, software centre.
+configure_file(${packaging}/${app_id}.metainfo.xml.in ${packaging_build}/${app_id}.metainfo.xml @ONLY)
+install(FILES ${packaging}/${app_id}.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
+install(FILES ${packaging}/${app_id}.mime.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/mime/packages RENAME ${app_id}.xml)
+install(FILES ${packaging_build}/${app_id}.metainfo.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo)
+
+set(app_drawing ${PROJECT_SOURCE_DIR}/resources/art/pages/Icon128.svg)
+set(map_drawing ${packaging}/application-x-quorrin-map.svg)
+set(icon_stylesheet ${PROJECT_SOURCE_DIR}/resources/art/colour.css)
+add_custom_command(
+  OUTPUT ${packaging_build}/icons.stamp
+  COMMAND ${QUORRIN_ART_PYTHON} ${packaging}/make_icons.py --out ${packaging_build}/hicolor --stylesheet ${icon_stylesheet}
+          apps/${app_id}=${app_drawing} mimetypes/application-x-quorrin-map=${map_drawing}
+  COMMAND ${CMAKE_COMMAND} -E touch ${packaging_build}/icons.stamp
+  DEPENDS ${packaging}/make_icons.py ${icon_stylesheet} ${app_drawing} ${map_drawing}
+  COMMENT "Drawing the icons"
+  VERBATIM)
+set(packaging_outputs ${packaging_build}/icons.stamp)
+install(DIRECTORY ${packaging_build}/hicolor DESTINATION ${CMAKE_INSTALL_DATADIR}/icons)
+
+# The terminal: manual pages and completion.
+function(install_compressed FILE DESTINATION NAME)
+  add_custom_command(
+    OUTPUT ${packaging_build}/${NAME}.gz
+    COMMAND ${GZIP} -9nc ${FILE} > ${packaging_build}/${NAME}.gz
+    DEPENDS ${FILE})
+  set(packaging_outputs ${packaging_outputs} ${packaging_build}/${NAME}.gz PARENT_SCOPE)
+  install(FILES ${packaging_build}/${NAME}.gz DESTINATION ${DESTINATION})
+endfunction()
+foreach(page quorrin-map-maker.1 quorrin-map-batch.1)
+  configure_file(${packaging}/${page}.in ${packaging_build}/${page} @ONLY)
+  install_compressed(${packaging_build}/${page} ${CMAKE_INSTALL_MANDIR}/man1 ${page})
+endforeach()
+install(FILES ${packaging}/quorrin-map-batch.bash-completion
+        DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions RENAME quorrin-map-batch)
+
+# The papers that Debian asks for.
+set(app_doc ${CMAKE_INSTALL_DATADIR}/doc/quorrin-map-maker)
+configure_file(${packaging}/changelog.Debian.in ${packaging_build}/changelog.Debian @ONLY)
+install_compressed(${packaging_build}/changelog.Debian ${app_doc} changelog.Debian)
+install_compressed(${PROJECT_SOURCE_DIR}/CHANGELOG.md ${app_doc} changelog)
+install(FILES ${packaging}/copyright DESTINATION ${app_doc})
+
+add_custom_target(packaging ALL DEPENDS ${packaging_outputs})
+
+set(CPACK_GENERATOR DEB)
+set(CPACK_PACKAGE_NAME quorrin-map-maker)
+set(CPACK_PACKAGE_CONTACT "The Quorrin Map Maker makers <support@quorrin.example>")
+set(CPACK_PACKAGE_HOMEPAGE_URL https://quorrin.example)
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "make one-page maps for tabletop role-playing games")
+set(CPACK_PACKAGE_DESCRIPTION "\
+Quorrin Map Maker makes a map of one page from ground, grid, borders, walls,
+doors and 123 hand-drawn objects, with numbered markers for the Dungeon
+Master, a script and paper characters to cut out and fold. Maps come out as
+pictures and prints, with the secrets and without.
+.
+The command-line companion quorrin-map-batch exports and prints whole
+folders of maps.")
+set(CPACK_PACKAGE_DIRECTORY ${CMAKE_BINARY_DIR})
+set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
+set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
+    OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
+set(CPACK_STRIP_FILES ON)
+set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+set(CPACK_DEBIAN_PACKAGE_RELEASE 0)
+set(CPACK_DEBIAN_PACKAGE_SECTION graphics)
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+# The font of every text that the program draws.
+set(CPACK_DEBIAN_PACKAGE_DEPENDS fonts-dejavu-core)
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "qt6-wayland, xdg-utils")
+include(CPack)

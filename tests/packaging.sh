@@ -1,0 +1,95 @@
+#!/usr/bin/env bash
+# Installs the build into a folder of its own and holds what lies there against the rules of the desktop:
+# usage: packaging.sh BUILD
+set -euo pipefail
+build=$1
+folder=$(mktemp -d)
+trap 'rm -rf "$folder"' EXIT
+cd "$folder"
+
+fail() { echo "packaging: $*" >&2; exit 1; }
+
+cmake --install "$build" --prefix "$folder/usr" >/dev/null
+share=$folder/usr/share
+id=org.quorrin.MapMaker
+batch=$folder/usr/bin/quorrin-map-batch
+version=$("$batch" --version)
+version=${version##* }
+
+# Every file is right by the tool of its own kind.
+desktop-file-validate "$share/applications/$id.desktop"
+appstreamcli validate --no-net "$share/metainfo/$id.metainfo.xml" || fail "bad metainfo"
+xmllint --noout "$share/metainfo/$id.metainfo.xml" "$share/mime/packages/$id.xml" "$share"/icons/hicolor/scalable/*/*.svg
+for page in quorrin-map-maker quorrin-map-batch; do
+    faults=$(man --warnings -l "$share/man/man1/$page.1.gz" 2>&1 >"$page.txt")
+    [ -z "$faults" ] || fail "$page.1: $faults"
+    zcat "$share/man/man1/$page.1.gz" | head -n 1 | grep -qF "$version" || fail "$page.1 is not of version $version"
+done
+bash -n "$share/bash-completion/completions/quorrin-map-batch"
+grep -qF "<release version=\"$version\"" "$share/metainfo/$id.metainfo.xml" || fail "no release $version in the metainfo"
+zcat "$share/doc/quorrin-map-maker/changelog.Debian.gz" | head -n 1 | grep -qF "($version-" || fail "no $version in the changelog"
+
+# The icons that the desktop entry and the file type name are there in their sizes.
+for icon in "apps/$(sed -n 's/^Icon=//p' "$share/applications/$id.desktop")" mimetypes/application-x-quorrin-map; do
+    for size in 16 22 24 32 48 64 128 256 512; do
+        # The width and height of a PNG are its bytes 17 to 24.
+        got=$(od -An -tu1 -j16 -N8 "$share/icons/hicolor/${size}x$size/$icon.png" | tr -s ' \n' ' ')
+        wanted=" 0 0 $((size / 256)) $((size % 256))"
+        [ "${got% }" = "$wanted$wanted" ] || fail "$icon is not $size pixels wide and high but $got"
+    done
+    [ -s "$share/icons/hicolor/scalable/$icon.svg" ] || fail "no scalable $icon"
+done
+
+# A map's file is known by its name, and its program is this one.
+export XDG_DATA_DIRS=$share XDG_DATA_HOME=$folder/home HOME=$folder/home PATH=$folder/usr/bin:$PATH
+update-mime-database "$share/mime"
+update-desktop-database "$share/applications"
+for map in cave.qrnm CAVE.QRNM cave.qrn; do
+    echo 'a map' >"$map"
+done
+for map in cave.qrnm CAVE.QRNM; do
+    gio info -a standard::content-type "$map" | grep -q 'application/x-quorrin-map$' || fail "$map is not known as a map"
+done
+! gio info -a standard::content-type cave.qrn | grep -q x-quorrin-map || fail "cave.qrn is taken for a map"
+gio mime application/x-quorrin-map | grep -q "$id.desktop" || fail "no program for maps"
+
+# Manual page and completion know every option that the companion tells of, and no other.
+options() { grep -oE -- '(^|[^[:alnum:]-])--[a-z]+' "$1" | grep -oE -- '--[a-z]+' | sort -u; }
+"$batch" --help >help.txt
+diff <(options help.txt) <(options quorrin-map-batch.txt) || fail "help and manual page differ in their options"
+diff <(options help.txt) <(options "$share/bash-completion/completions/quorrin-map-batch") ||
+    fail "help and completion differ in their options"
+
+set +u
+. /usr/share/bash-completion/bash_completion
+. "$share/bash-completion/completions/quorrin-map-batch"
+mkdir -p deep/er
+completes() { # completes "LINE" WORD...: what the last word of the line may become
+    COMP_LINE=$1 COMP_POINT=${#1} COMPREPLY=()
+    IFS=' ' read -ra COMP_WORDS <<<"$1"
+    [ "${1% }" = "$1" ] || COMP_WORDS+=("")
+    COMP_CWORD=$((${#COMP_WORDS[@]} - 1))
+    _quorrin_map_batch || true
+    local got wanted
+    got=$(printf '%s\n' "${COMPREPLY[@]}" | sort | tr '\n' ' ')
+    wanted=$(printf '%s\n' "${@:2}" | sort | tr '\n' ' ')
+    [ "$got" = "$wanted" ] || fail "\"$1\" is completed to $got, not $wanted"
+}
+completes 'quorrin-map-batch ' export sheet print upgrade
+completes 'quorrin-map-batch export --s' --set
+completes 'quorrin-map-batch sheet --' --output --jobs
+completes 'quorrin-map-batch print --what s' script sheet
+completes 'quorrin-map-batch export -o d' deep
+completes 'quorrin-map-batch export c' cave.qrnm
+
+# The package holds the same files, and the packager found what the programs need.
+cpack --config "$build/CPackConfig.cmake" -B "$folder" >cpack.txt 2>&1 || fail "$(cat cpack.txt)"
+package=$(ls "$folder"/*.deb)
+dpkg-deb --fsys-tarfile "$package" | tar -t | grep -v '/$' | sort >packed.txt
+(cd "$folder" && find ./usr -type f ! -name mimeinfo.cache ! -path './usr/share/mime/*' && echo ./usr/share/mime/packages/$id.xml) |
+    sort >installed.txt
+diff installed.txt packed.txt || fail "the package does not hold what is installed"
+[ "$(dpkg-deb -f "$package" Version)" = "$version-0" ] || fail "the package is not of version $version"
+for needed in fonts-dejavu-core libqt6widgets6 libqt6printsupport6; do
+    dpkg-deb -f "$package" Depends | grep -qw "$needed" || fail "the package does not ask for $needed"
+done
