@@ -50,9 +50,9 @@ install(FILES ${packaging}/quorrin-map-batch.bash-completion
 
 # The papers that Debian asks for.
 set(app_doc ${CMAKE_INSTALL_DATADIR}/doc/quorrin-map-maker)
-configure_file(${packaging}/changelog.Debian.in ${packaging_build}/changelog.Debian @ONLY)
-install_compressed(${packaging_build}/changelog.Debian ${app_doc} changelog.Debian)
-install_compressed(${PROJECT_SOURCE_DIR}/CHANGELOG.md ${app_doc} changelog)
+configure_file(${packaging}/changelog.in ${packaging_build}/changelog @ONLY)
+install_compressed(${packaging_build}/changelog ${app_doc} changelog)
+install_compressed(${PROJECT_SOURCE_DIR}/CHANGELOG.md ${app_doc} NEWS)
 install(FILES ${packaging}/copyright DESTINATION ${app_doc})
 
 add_custom_target(packaging ALL DEPENDS ${packaging_outputs})
@@ -76,7 +76,6 @@ set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
     OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
 set(CPACK_STRIP_FILES ON)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
-set(CPACK_DEBIAN_PACKAGE_RELEASE 0)
 set(CPACK_DEBIAN_PACKAGE_SECTION graphics)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 # The font of every text that the program draws.

@@ -23,11 +23,11 @@ xmllint --noout "$share/metainfo/$id.metainfo.xml" "$share/mime/packages/$id.xml
 for page in quorrin-map-maker quorrin-map-batch; do
     faults=$(man --warnings -l "$share/man/man1/$page.1.gz" 2>&1 >"$page.txt")
     [ -z "$faults" ] || fail "$page.1: $faults"
-    zcat "$share/man/man1/$page.1.gz" | head -n 1 | grep -qF "$version" || fail "$page.1 is not of version $version"
+    zcat "$share/man/man1/$page.1.gz" | sed -n 1p | grep -F "$version" >/dev/null || fail "$page.1 is not of version $version"
 done
 bash -n "$share/bash-completion/completions/quorrin-map-batch"
 grep -qF "<release version=\"$version\"" "$share/metainfo/$id.metainfo.xml" || fail "no release $version in the metainfo"
-zcat "$share/doc/quorrin-map-maker/changelog.Debian.gz" | head -n 1 | grep -qF "($version-" || fail "no $version in the changelog"
+zcat "$share/doc/quorrin-map-maker/changelog.gz" | sed -n 1p | grep -F "($version)" >/dev/null || fail "no $version in the changelog"
 
 # The icons that the desktop entry and the file type name are there in their sizes.
 for icon in "apps/$(sed -n 's/^Icon=//p' "$share/applications/$id.desktop")" mimetypes/application-x-quorrin-map; do
@@ -48,10 +48,10 @@ for map in cave.qrnm CAVE.QRNM cave.qrn; do
     echo 'a map' >"$map"
 done
 for map in cave.qrnm CAVE.QRNM; do
-    gio info -a standard::content-type "$map" | grep -q 'application/x-quorrin-map$' || fail "$map is not known as a map"
+    gio info -a standard::content-type "$map" | grep 'application/x-quorrin-map$' >/dev/null || fail "$map is not known as a map"
 done
-! gio info -a standard::content-type cave.qrn | grep -q x-quorrin-map || fail "cave.qrn is taken for a map"
-gio mime application/x-quorrin-map | grep -q "$id.desktop" || fail "no program for maps"
+! gio info -a standard::content-type cave.qrn | grep x-quorrin-map >/dev/null || fail "cave.qrn is taken for a map"
+gio mime application/x-quorrin-map | grep "$id.desktop" >/dev/null || fail "no program for maps"
 
 # Manual page and completion know every option that the companion tells of, and no other.
 options() { grep -oE -- '(^|[^[:alnum:]-])--[a-z]+' "$1" | grep -oE -- '--[a-z]+' | sort -u; }
@@ -89,7 +89,7 @@ dpkg-deb --fsys-tarfile "$package" | tar -t | grep -v '/$' | sort >packed.txt
 (cd "$folder" && find ./usr -type f ! -name mimeinfo.cache ! -path './usr/share/mime/*' && echo ./usr/share/mime/packages/$id.xml) |
     sort >installed.txt
 diff installed.txt packed.txt || fail "the package does not hold what is installed"
-[ "$(dpkg-deb -f "$package" Version)" = "$version-0" ] || fail "the package is not of version $version"
+[ "$(dpkg-deb -f "$package" Version)" = "$version" ] || fail "the package is not of version $version"
 for needed in fonts-dejavu-core libqt6widgets6 libqt6printsupport6; do
-    dpkg-deb -f "$package" Depends | grep -qw "$needed" || fail "the package does not ask for $needed"
+    dpkg-deb -f "$package" Depends | grep -w "$needed" >/dev/null || fail "the package does not ask for $needed"
 done
