@@ -10,7 +10,6 @@ set(app_data ${CMAKE_INSTALL_DATADIR}/quorrin-map-maker)
 
 install(TARGETS quorrin-map-maker quorrin-map-batch)
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/samples/ DESTINATION ${app_data}/samples FILES_MATCHING PATTERN *.qrnm)
-install(DIRECTORY ${CMAKE_BINARY_DIR}/help/ DESTINATION ${app_data}/help OPTIONAL)
 
 # The desktop: menu entry, file type, icons, software centre.
 configure_file(${packaging}/${app_id}.metainfo.xml.in ${packaging_build}/${app_id}.metainfo.xml @ONLY)

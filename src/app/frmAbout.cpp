@@ -12,7 +12,7 @@ frmAbout::frmAbout() : Window(Kind::ModalWithCloseBox, "About...", 508, 234)
 
 void frmAbout::Event_Open()
 {
-    lblVersion.Caption = std::string("v").append(Application::Version());
+    lblVersion.Caption = "v" + Application::Version();
 }
 
 void frmAbout::Canvas1_Paint(Graphics& g)
