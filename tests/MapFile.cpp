@@ -49,7 +49,7 @@ std::string with(std::size_t section, const std::string& content)
 
 std::string asUtf8(std::string text)
 {
-    for (const auto& [narrow, wide] : {std::pair{S, "\xC3\xBE"}, {I, "\xC3\xBC"}, {G, "\xC3\xBB"}, {F, "\xC2\xBB"}})
+    for (const auto& [narrow, wide] : {std::pair{F, "\xC2\xBB"}, {G, "\xC3\xBB"}, {I, "\xC3\xBC"}, {S, "\xC3\xBE"}})
         text = ReplaceAll(text, narrow, wide);
     return text;
 }

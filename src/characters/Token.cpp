@@ -88,7 +88,8 @@ Ref<Picture> cCharacter::FlipIcon(const Ref<Picture>& src)
 void cCharacter::LoadIcon()
 {
     const double number = Val(IconData);
-    Icon = number < 0 ? Window1::Shared().DrawObject(Int(std::abs(number)), solidColor) : Picture::FromData(IconData);
+    Icon = number < 0 ? Window1::Shared().DrawObject(Int(std::abs(number)), solidColor)
+                      : Picture::FromData(IconData, mostIconPixels);
 }
 
 } // namespace quorrin

@@ -13,6 +13,13 @@ inline const std::string SectionMark = Chr(254);
 inline const std::string ItemMark = Chr(252);
 inline const std::string GroupMark = Chr(251);
 
+/// The parts of a list. No map has longer lists than 144 squares, and cutting no further keeps a file of marks alone
+/// from taking up the memory.
+inline TextList parts(const std::string& text, const std::string& mark)
+{
+    return Split(text, mark, 200);
+}
+
 /// The length of a line of base-64 in a map file.
 inline constexpr std::size_t base64Line = 76;
 

@@ -23,22 +23,26 @@ std::int64_t integer(const std::string& text)
 /// Files of another writer have the four marks as two bytes of UTF-8 each, all of them or none.
 std::string withSingleByteMarks(std::string text)
 {
-    if (text.find_first_of("\xC2\xC3") == text.npos)
-        return text;
-    for (const unsigned char mark : {187, 251, 252, 254}) {
-        const char wide[] = {static_cast<char>(0xC0 | mark >> 6), static_cast<char>(0x80 | (mark & 0x3F))};
-        text = ReplaceAll(text, {wide, 2}, Chr(mark));
+    std::size_t length = 0;
+    for (std::size_t at = 0; at < text.size(); ++at) {
+        const unsigned lead = static_cast<unsigned char>(text[at]);
+        const unsigned trail = at + 1 < text.size() ? static_cast<unsigned char>(text[at + 1]) : 0;
+        const bool wide =
+            (lead == 0xC2 && trail == 0xBB) || (lead == 0xC3 && (trail == 0xBB || trail == 0xBC || trail == 0xBE));
+        text[length++] = wide ? static_cast<char>(lead << 6 | (trail & 0x3F)) : text[at];
+        at += wide;
     }
+    text.resize(length);
     return text;
 }
 
 void readSquares(const std::string& list, const Window1::Layer& squares)
 {
-    const auto items = Split(list, ItemMark);
+    const auto items = parts(list, ItemMark);
     std::int64_t n = 0;
     for (int i = 1; i <= Window1::columns; ++i) {
         for (int j = 1; j <= Window1::rows; ++j) {
-            const auto values = Split(items(n++), ",");
+            const auto values = parts(items(n++), ",");
             cSquare& square = *squares(i, j);
             square.thisDM = integer(values(0));
             square.thisObject = integer(values(1));
@@ -51,7 +55,7 @@ void readSquares(const std::string& list, const Window1::Layer& squares)
 
 void readWalls(const std::string& section, const Window1::Layer& squares)
 {
-    const auto items = Split(section, ItemMark);
+    const auto items = parts(section, ItemMark);
     std::int64_t n = 0;
     for (int i = 1; i <= Window1::columns; ++i)
         for (int j = 1; j <= Window1::rows; ++j)
@@ -61,7 +65,7 @@ void readWalls(const std::string& section, const Window1::Layer& squares)
 /// The first section; false when it is too short to be one of a map.
 bool readPage(Window1& window, const std::string& section)
 {
-    const auto fields = Split(section, Module1::sep);
+    const auto fields = parts(section, Module1::sep);
     window.pmLandscape.ListIndex = integer(fields(0));
     if (fields.UBound() < 1)
         return false;
@@ -75,14 +79,14 @@ bool readPage(Window1& window, const std::string& section)
 
 void readGrid(Window1& window, const std::string& section)
 {
-    const auto fields = Split(section, Module1::sep);
+    const auto fields = parts(section, Module1::sep);
     window.pmGrid.ListIndex = integer(fields(0));
     window.cbShowClickable.Value = Val(fields(1)) != 0;
 }
 
 void readBottomSquares(Window1& window, const std::string& section)
 {
-    const auto groups = Split(section, GroupMark);
+    const auto groups = parts(section, GroupMark);
     window.pmColorBW.ListIndex = integer(groups(0));
     readSquares(groups(1), window.mySquares);
 }
@@ -90,12 +94,12 @@ void readBottomSquares(Window1& window, const std::string& section)
 /// The colour mode stands here a second time and is not read again.
 void readTopSquares(Window1& window, const std::string& section)
 {
-    readSquares(Split(section, GroupMark)(1), window.mySquaresTop);
+    readSquares(parts(section, GroupMark)(1), window.mySquaresTop);
 }
 
 void readScript(Window1& window, const std::string& section)
 {
-    const auto fields = Split(section, Module1::sep);
+    const auto fields = parts(section, Module1::sep);
     window.cbShowDMObjects.Value = Val(fields(0)) == 1;
     if (fields.UBound() <= 1)
         return;
@@ -107,7 +111,7 @@ void readScript(Window1& window, const std::string& section)
 
 void readIcons(Window1& window, const std::string& section)
 {
-    const auto fields = Split(Trim(section), Module1::sep);
+    const auto fields = parts(Trim(section), Module1::sep);
     for (int n = 1; n <= Window1::characters; ++n) {
         window.myCharacters(n)->IconData = DecodeBase64(fields(n - 1));
         window.myCharacters(n)->LoadIcon();
@@ -116,25 +120,25 @@ void readIcons(Window1& window, const std::string& section)
 
 void readNumbers(Window1& window, const std::string& section)
 {
-    const auto items = Split(Trim(section), ItemMark);
+    const auto items = parts(Trim(section), ItemMark);
     for (int n = 1; n <= Window1::characters; ++n)
-        window.myCharacters(n)->Number = integer(Split(items(n - 1), Module1::sep)(0));
+        window.myCharacters(n)->Number = integer(parts(items(n - 1), Module1::sep)(0));
 }
 
 void readBorders(Window1& window, const std::string& section)
 {
-    const auto groups = Split(section, GroupMark);
+    const auto groups = parts(section, GroupMark);
     PopupMenu* const popups[] = {&window.pmBorderTop, &window.pmBorderBottom, &window.pmBorderLeft,
                                  &window.pmBorderRight};
     std::int64_t n = 0;
     for (PopupMenu* popup : popups)
-        popup->ListIndex = integer(Split(groups(n++), Module1::sep)(0));
+        popup->ListIndex = integer(parts(groups(n++), Module1::sep)(0));
 }
 
 /// False when the text is none of a map; an exception when it breaks off.
 bool readMap(Window1& window, const std::string& text)
 {
-    const auto sections = Split(withSingleByteMarks(text), SectionMark);
+    const auto sections = parts(withSingleByteMarks(text), SectionMark);
     if (!readPage(window, sections(0)))
         return false;
     readGrid(window, sections(1));

@@ -6,9 +6,7 @@ namespace quorrin {
 
 std::string Window1::ConvertPictureToData(const Ref<Picture>& picture)
 {
-    const auto flat = New<Picture>(picture->Width(), picture->Height(), 32);
-    flat->Graphics().DrawPicture(picture, 0, 0);
-    return EncodeBase64(flat->ToData(PictureFormat::Default, 100), base64Line);
+    return EncodeBase64(picture->Flattened()->ToData(PictureFormat::Default, 100), base64Line);
 }
 
 Ref<Picture> Window1::ConvertDataToPicture(const std::string& text)

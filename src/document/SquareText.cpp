@@ -1,4 +1,5 @@
 #include "app/Module1.h"
+#include "document/MapMarks.h"
 #include "document/cSquare.h"
 #include "toolkit/Numbers.h"
 #include "toolkit/Text.h"
@@ -39,7 +40,7 @@ cWall::cWall(bool Top, bool Bottom, bool Left, bool Right, bool Slash, bool Back
 
 cWall::cWall(const std::string& text)
 {
-    const auto values = Split(text, ",");
+    const auto values = parts(text, ",");
     if (values.UBound() < 5)
         return;
     Top = isOne(values(0));

@@ -12,6 +12,9 @@ namespace quorrin {
 /// One paper stand-up token: a strip that is folded in the middle, with the figure on both halves.
 class cCharacter {
 public:
+    /// How many pixels of a figure are kept: four times as many each way as a token has.
+    static constexpr std::int64_t mostIconPixels = 240 * 400;
+
     /// The picture at the size at which it was loaded; nil for none.
     Ref<Picture> Icon;
     /// What the file keeps of the picture: empty for none, a negative object number for one of the catalogue, else the

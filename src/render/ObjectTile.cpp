@@ -65,8 +65,7 @@ void drawFigure(Graphics& g, const cCharacter& token, std::int64_t mode, double 
         return;
     auto figure = token.Icon;
     if (mode == Translucent) {
-        figure = New<Picture>(token.Icon->Width(), token.Icon->Height(), 32);
-        figure->Graphics().DrawPicture(token.Icon, 0, 0);
+        figure = token.Icon->Flattened();
         figure->Transparent = 1;
     }
     g.DrawPicture(figure, x, y, objectTileSize, objectTileSize, 0, 0, static_cast<double>(figure->Width()),

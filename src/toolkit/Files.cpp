@@ -13,6 +13,9 @@ namespace quorrin {
 
 namespace {
 
+/// Beyond anything that the program reads; a larger file would only take the memory away.
+constexpr qint64 largestFile = 1 << 30;
+
 QString qtPath(const std::string& path)
 {
     return QFile::decodeName(QByteArray::fromStdString(path));
@@ -67,6 +70,8 @@ Ref<TextInputStream> TextInputStream::Open(const Ref<FolderItem>& file)
 
 std::string TextInputStream::ReadAll()
 {
+    if (impl_->file.size() > largestFile)
+        throw IOException("The file is too large.");
     const QByteArray bytes = impl_->file.readAll();
     if (impl_->file.error() != QFileDevice::NoError)
         throw IOException("The file cannot be read: " + impl_->file.errorString().toStdString());

@@ -65,6 +65,15 @@ void stampPen(QPainter& painter, QPointF from, QPointF to, double penWidth, doub
     }
 }
 
+/// What is seen of a picture, all pixels that its size asks for.
+QImage imageAtItsSize(Picture& picture)
+{
+    const QImage image = QtBridge::drawnImage(picture);
+    const QSize size(static_cast<int>(picture.Width()), static_cast<int>(picture.Height()));
+    return image.isNull() || image.size() == size ? image
+                                                  : image.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+}
+
 /// A text broken into paragraphs and these into lines.
 class LaidOutText {
 public:
@@ -190,7 +199,7 @@ void Graphics::DrawLine(double x1, double y1, double x2, double y2)
 
 void Graphics::DrawPicture(const Ref<Picture>& picture, double x, double y)
 {
-    const QImage image = QtBridge::drawnImage(*picture);
+    const QImage image = imageAtItsSize(*picture);
     QPainter* painter = image.isNull() ? nullptr : device_->painter();
     if (!painter)
         return;
@@ -206,11 +215,17 @@ void Graphics::DrawPicture(const Ref<Picture>& picture, double x, double y, doub
                            double sourceX, double sourceY, double sourceWidth, double sourceHeight)
 {
     const QImage image = QtBridge::drawnImage(*picture);
-    const QRectF area = placed(*device_, x, y, destWidth, destHeight);
-    const QRect source =
-        QRectF(bounded(sourceX), bounded(sourceY), bounded(sourceWidth), bounded(sourceHeight)).toRect() & image.rect();
     QPainter* painter = image.isNull() ? nullptr : device_->painter();
-    if (!painter || source.isEmpty() || area.width() <= 0 || area.height() <= 0)
+    if (!painter)
+        return;
+    const QRectF area = placed(*device_, x, y, destWidth, destHeight);
+    const double perColumn = static_cast<double>(image.width()) / static_cast<double>(picture->Width());
+    const double perRow = static_cast<double>(image.height()) / static_cast<double>(picture->Height());
+    const QRect source = QRectF(bounded(sourceX) * perColumn, bounded(sourceY) * perRow,
+                                bounded(sourceWidth) * perColumn, bounded(sourceHeight) * perRow)
+                             .toRect()
+                         & image.rect();
+    if (source.isEmpty() || area.width() <= 0 || area.height() <= 0)
         return;
     if (device_->exactPixels() && area.size() == source.size())
         return painter->drawImage(area.topLeft(), image, source);
@@ -225,7 +240,7 @@ void Graphics::DrawPicture(const Ref<Picture>& picture, double x, double y, doub
 
 void Graphics::DrawObject(const PixmapShape& shape, double x, double y)
 {
-    QImage image = QtBridge::drawnImage(*shape.Image);
+    QImage image = imageAtItsSize(*shape.Image);
     QPainter* painter = image.isNull() ? nullptr : device_->painter();
     if (!painter)
         return;

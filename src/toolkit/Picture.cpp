@@ -10,9 +10,11 @@
 #include <QImageReader>
 #include <QImageWriter>
 #include <QPainter>
+#include <QtEndian>
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <functional>
 
 namespace quorrin {
@@ -21,10 +23,14 @@ namespace {
 
 constexpr std::int64_t largestSide = 32767;
 
-// No image format in use packs better than this, so a file that claims more pixels is lying about its size.
-constexpr qint64 pixelBytesPerFileByte = 1100;
-constexpr qint64 alwaysAllowedBytes = 16 << 20;
+// A picture may be 4096 by 4096 whatever its file, as a blank page packs into almost nothing. Beyond that the file must
+// have something to fill it with.
+constexpr qint64 alwaysAllowedBytes = 64 << 20;
+constexpr qint64 pixelBytesPerFileByte = 256;
 constexpr int decoderLimitMegabytes = 256;
+
+/// Pictures in use have about ten; each costs as much time as the whole picture, however few bytes it takes.
+constexpr int mostJpegScans = 64;
 
 int checkedSide(std::int64_t side)
 {
@@ -54,6 +60,26 @@ bool claimsHonestSize(QSize size, qint64 fileBytes)
 
 } // namespace
 
+namespace {
+
+/// A PNG without its texts, which may unpack to a thousand times their size and which nobody reads.
+QByteArray withoutTexts(const QByteArray& png)
+{
+    constexpr qsizetype signature = 8;
+    constexpr qsizetype lengthTypeAndSum = 12;
+    QByteArray rest = png.left(signature);
+    for (qsizetype at = signature; at + lengthTypeAndSum <= png.size();) {
+        const auto length = qFromBigEndian<quint32>(png.constData() + at) + lengthTypeAndSum;
+        const QByteArray type = png.mid(at + 4, 4);
+        if (type != "tEXt" && type != "zTXt" && type != "iTXt")
+            rest += png.mid(at, length);
+        at += length;
+    }
+    return rest;
+}
+
+} // namespace
+
 struct Picture::Pixels {
     Pixels(std::int64_t width, std::int64_t height, bool isOpaque)
         : width(checkedSide(width)), height(checkedSide(height)), opaque(isOpaque)
@@ -61,13 +87,23 @@ struct Picture::Pixels {
 
     bool hasArea() const { return width > 0 && height > 0; }
 
-    /// The image, made when it is first needed: most tiles of a page stay blank and never need one.
+    /// The image, made when it is first needed: most tiles of a page stay blank and never need one. One that was kept
+    /// small has fewer pixels than the picture.
     QImage& made()
     {
         if (image.isNull() && hasArea()) {
             image = QImage(width, height, opaque ? QImage::Format_RGB32 : QImage::Format_ARGB32_Premultiplied);
             image.fill(opaque ? Qt::white : Qt::transparent);
         }
+        return image;
+    }
+
+    /// The same, to be changed.
+    QImage& changed()
+    {
+        drawn = {};
+        if (made().size() != QSize(width, height) && hasArea())
+            image = image.scaled(width, height, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
         return image;
     }
 
@@ -93,8 +129,6 @@ struct Picture::Pixels {
         Ref<Picture> mask;
     };
     std::array<Drawn, 4> drawn;
-
-    void changed() { drawn = {}; }
 };
 
 namespace {
@@ -164,10 +198,7 @@ Graphics& Picture::Graphics()
 {
     if (!pixels_->graphics) {
         Pixels* pixels = pixels_.get();
-        const auto image = [pixels] {
-            pixels->changed();
-            return &pixels->made();
-        };
+        const auto image = [pixels] { return &pixels->changed(); };
         pixels_->graphics = std::make_unique<quorrin::Graphics>(
             std::make_unique<PictureDevice>(pixels->painter, image, pixels->width, pixels->height));
     }
@@ -184,7 +215,9 @@ Color RGBSurface::Pixel(std::int64_t x, std::int64_t y) const
     const auto& pixels = *picture_.pixels_;
     if (x < 0 || y < 0 || x >= pixels.width || y >= pixels.height)
         return white;
-    const QRgb pixel = QtBridge::image(picture_).pixel(static_cast<int>(x), static_cast<int>(y));
+    const QImage& image = QtBridge::image(picture_);
+    const QRgb pixel = image.pixel(static_cast<int>(x * image.width() / pixels.width),
+                                   static_cast<int>(y * image.height() / pixels.height));
     return RGB(static_cast<std::uint8_t>(qRed(pixel)), static_cast<std::uint8_t>(qGreen(pixel)),
                static_cast<std::uint8_t>(qBlue(pixel)), static_cast<std::uint8_t>(255 - qAlpha(pixel)));
 }
@@ -195,9 +228,8 @@ void RGBSurface::SetPixel(std::int64_t x, std::int64_t y, Color color)
     if (x < 0 || y < 0 || x >= pixels.width || y >= pixels.height)
         return;
     pixels.stopPainting();
-    pixels.changed();
-    pixels.made().setPixelColor(static_cast<int>(x), static_cast<int>(y),
-                                QColor(color.red, color.green, color.blue, 255 - color.transparency));
+    pixels.changed().setPixelColor(static_cast<int>(x), static_cast<int>(y),
+                                   QColor(color.red, color.green, color.blue, 255 - color.transparency));
 }
 
 Ref<Picture> Picture::OpenFromApp(std::string_view name)
@@ -206,28 +238,54 @@ Ref<Picture> Picture::OpenFromApp(std::string_view name)
     return image.isNull() ? nullptr : QtBridge::picture(image);
 }
 
-Ref<Picture> Picture::Open(const Ref<FolderItem>& file)
+Ref<Picture> Picture::Open(const Ref<FolderItem>& file, std::int64_t mostPixels)
 {
     const auto stream = TextInputStream::Open(file);
-    return stream ? FromData(stream->ReadAll()) : nullptr;
+    return stream ? FromData(stream->ReadAll(), mostPixels) : nullptr;
 }
 
-Ref<Picture> Picture::FromData(const std::string& bytes)
+Ref<Picture> Picture::FromData(const std::string& bytes, std::int64_t mostPixels)
 {
     static const QList<QByteArray> readFormats{"png", "jpeg", "bmp", "gif"};
     QByteArray data = QByteArray::fromRawData(bytes.data(), static_cast<qsizetype>(bytes.size()));
+    if (data.startsWith("\x89PNG"))
+        data = withoutTexts(data);
     QBuffer buffer(&data);
     buffer.open(QIODevice::ReadOnly);
     QImageReader::setAllocationLimit(decoderLimitMegabytes);
     const QByteArray format = QImageReader::imageFormat(&buffer);
-    if (!readFormats.contains(format))
+    if (!readFormats.contains(format) || (format == "jpeg" && data.count("\xFF\xDA") > mostJpegScans))
         return nullptr;
     QImageReader reader(&buffer, format);
     reader.setAutoTransform(true);
-    if (!claimsHonestSize(reader.size(), data.size()))
+    QSize size = reader.size();
+    if (!claimsHonestSize(size, data.size()))
         return nullptr;
+    const double pixels = double(size.width()) * size.height();
+    if (pixels > double(mostPixels))
+        reader.setScaledSize((QSizeF(size) * std::sqrt(double(mostPixels) / pixels)).toSize().expandedTo({1, 1}));
+    const bool turned = reader.transformation() & QImageIOHandler::TransformationRotate90;
     const QImage image = reader.read();
-    return image.isNull() ? nullptr : QtBridge::picture(image);
+    if (image.isNull())
+        return nullptr;
+    const auto picture = QtBridge::picture(image);
+    if (pixels > double(mostPixels)) {
+        picture->pixels_->width = turned ? size.height() : size.width();
+        picture->pixels_->height = turned ? size.width() : size.height();
+    }
+    return picture;
+}
+
+Ref<Picture> Picture::Flattened()
+{
+    const QImage seen = QtBridge::drawnImage(*this);
+    const auto flat = New<Picture>(Width(), Height(), 32);
+    if (!seen.isNull()) {
+        QImage& image = flat->pixels_->image = QImage(seen.size(), QImage::Format_RGB32);
+        image.fill(Qt::white);
+        QPainter(&image).drawImage(0, 0, seen);
+    }
+    return flat;
 }
 
 std::string Picture::ToData(PictureFormat format, int quality) const

@@ -4,6 +4,7 @@
 #include "toolkit/Ref.h"
 
 #include <cstdint>
+#include <limits>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -28,6 +29,8 @@ public:
     /// The opaque form, white. `depth` is 32.
     Picture(std::int64_t width, std::int64_t height, int depth);
 
+    static constexpr std::int64_t anyNumberOfPixels = std::numeric_limits<std::int64_t>::max();
+
     ~Picture();
     Picture(const Picture&) = delete;
     Picture& operator=(const Picture&) = delete;
@@ -36,10 +39,14 @@ public:
     static Ref<Picture> OpenFromApp(std::string_view name);
 
     /// The picture in an image file, nil when it cannot be read or claims a size that its bytes cannot honestly hold.
-    static Ref<Picture> Open(const Ref<FolderItem>& file);
+    /// A picture of more than `mostPixels` keeps its size, but is drawn from no more than that many pixels.
+    static Ref<Picture> Open(const Ref<FolderItem>& file, std::int64_t mostPixels = anyNumberOfPixels);
 
     /// The same from the bytes of an image file.
-    static Ref<Picture> FromData(const std::string& bytes);
+    static Ref<Picture> FromData(const std::string& bytes, std::int64_t mostPixels = anyNumberOfPixels);
+
+    /// A copy on white, opaque.
+    Ref<Picture> Flattened();
 
     /// Writes the picture to a file, replacing it only when all is safely on disk. `quality` (0 to 100) counts for
     /// JPEG alone: PNG loses nothing at any. Raises IOException when the file cannot be written.

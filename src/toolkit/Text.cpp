@@ -94,7 +94,7 @@ std::string Trim(std::string_view text)
     return std::string(text.substr(first, text.find_last_not_of(blanks) - first + 1));
 }
 
-TextList Split(std::string_view text, std::string_view delimiter)
+TextList Split(std::string_view text, std::string_view delimiter, std::size_t mostParts)
 {
     std::vector<std::string> parts;
     if (text.empty())
@@ -102,7 +102,7 @@ TextList Split(std::string_view text, std::string_view delimiter)
     for (;;) {
         const auto end = text.find(delimiter);
         parts.emplace_back(text.substr(0, end));
-        if (end == text.npos)
+        if (end == text.npos || parts.size() >= mostParts)
             return TextList(std::move(parts));
         text.remove_prefix(end + delimiter.size());
     }

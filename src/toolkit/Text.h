@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <limits>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -39,8 +40,10 @@ std::string Chr(unsigned char number);
 /// The text without white space and line breaks at both ends.
 std::string Trim(std::string_view text);
 
-/// The parts between delimiters: a delimiter at the end gives an empty last part, an empty text no part at all.
-TextList Split(std::string_view text, std::string_view delimiter);
+/// The parts between delimiters: a delimiter at the end gives an empty last part, an empty text no part at all. What
+/// comes after `mostParts` parts is left out.
+TextList Split(std::string_view text, std::string_view delimiter,
+               std::size_t mostParts = std::numeric_limits<std::size_t>::max());
 
 /// The position of the first occurrence, from 1; 0 when there is none.
 std::int64_t InStr(std::string_view text, std::string_view wanted);

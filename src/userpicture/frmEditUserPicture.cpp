@@ -140,8 +140,7 @@ void frmEditUserPicture::Canvas1_MouseDrag(int x, int y)
 /// Takes the white out of the drawing, which makes white an eraser.
 void frmEditUserPicture::Canvas1_MouseUp(int, int)
 {
-    const auto flat = New<Picture>(myImage->Width(), myImage->Height(), 32);
-    flat->Graphics().DrawPicture(myImage, 0, 0);
+    const auto flat = myImage->Flattened();
     flat->Transparent = 1;
     myImage = copyOf(flat);
     Canvas1.Invalidate(false);

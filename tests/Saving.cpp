@@ -1,0 +1,156 @@
+#include "Fixture.h"
+#include "toolkit/Random.h"
+
+#include <chrono>
+#include <csignal>
+#include <functional>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <thread>
+#include <unistd.h>
+
+using namespace quorrin;
+
+// What happens to the file when saving does not come to its end.
+
+class Saving : public Program {
+protected:
+    Saving()
+    {
+        person.save = [this](const std::string&) { return folder.file("Map.qrnm"); };
+    }
+
+    std::string file() const { return contentOf(folder / "Map.qrnm"); }
+
+    std::vector<std::string> filesInFolder() const
+    {
+        std::vector<std::string> names;
+        for (const auto& entry : std::filesystem::directory_iterator(folder.path))
+            names.push_back(entry.path().filename());
+        return names;
+    }
+
+    /// Changes the map and chooses "Save"; the changes are not on disk, and the window knows.
+    void expectSilentRefusal()
+    {
+        const auto old = file();
+        window.pmGrid.ListIndex = window.pmGrid.ListIndex + 1;
+        EXPECT_TRUE(window.ChooseMenu("mnuSave"));
+        EXPECT_TRUE(window.isDirty);
+        EXPECT_EQ(file(), old);
+        EXPECT_TRUE(person.messages.empty() && person.questions.empty());
+    }
+
+    TestFolder folder; // not that of the preferences
+};
+
+/// Runs `work` in a process of its own.
+static pid_t inOwnProcess(const std::function<void()>& work)
+{
+    const pid_t child = fork();
+    if (child == 0) {
+        work();
+        _exit(testing::Test::HasFailure());
+    }
+    return child;
+}
+
+static int resultOf(pid_t child)
+{
+    int status = 0;
+    waitpid(child, &status, 0);
+    return status;
+}
+
+TEST_F(Saving, KilledAtAnyMomentTheFileIsTheWholeOldOrTheWholeNewMap)
+{
+    const std::string texts[] = {std::string(200'000, 'a'), std::string(300'000, 'b')};
+    const auto choose = [&](int n) { window.txtGameText.Text = texts[n]; };
+    std::string maps[2];
+    const auto start = std::chrono::steady_clock::now();
+    for (const int n : {1, 0}) {
+        choose(n);
+        maps[n] = window.MapText();
+        ASSERT_TRUE(window.mSave());
+    }
+    const std::chrono::microseconds twoSaves =
+        std::chrono::duration_cast<std::chrono::microseconds>(std::chrono::steady_clock::now() - start);
+    int whole[2] = {};
+    Random random;
+    for (int kill = 0; kill < 300; ++kill) {
+        int started[2];
+        ASSERT_EQ(pipe(started), 0);
+        const pid_t saver = inOwnProcess([&] {
+            static_cast<void>(!write(started[1], "", 1));
+            for (int n = 1;; n = 1 - n) {
+                choose(n);
+                window.mSave();
+            }
+        });
+        char byte = 0;
+        ASSERT_EQ(read(started[0], &byte, 1), 1);
+        std::this_thread::sleep_for(std::chrono::microseconds(random.InRange(0, twoSaves.count())));
+        ::kill(saver, SIGKILL);
+        ASSERT_TRUE(WIFSIGNALED(resultOf(saver)));
+        close(started[0]);
+        close(started[1]);
+        const auto content = file();
+        ASSERT_TRUE(content == maps[0] || content == maps[1]) << content.size();
+        ++whole[content == maps[1]];
+    }
+    EXPECT_GT(whole[0], 0);
+    EXPECT_GT(whole[1], 0);
+    choose(1);
+    EXPECT_TRUE(window.mSave());
+    EXPECT_EQ(file(), maps[1]);
+    RecordProperty("left over", static_cast<int>(filesInFolder().size()) - 1);
+}
+
+TEST_F(Saving, AFullDiskOrAFolderThatGoesLeavesNothingBehind)
+{
+    ASSERT_TRUE(window.mSave());
+    const auto old = file();
+    rlimit limit{};
+    getrlimit(RLIMIT_FSIZE, &limit);
+    std::signal(SIGXFSZ, SIG_IGN);
+    window.txtGameText.Text = std::string(200'000, 'x');
+    for (const rlim_t room : {rlim_t{0}, rlim_t{4096}, rlim_t{window.MapText().size() - 1}}) {
+        const rlimit full{room, limit.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &full);
+        EXPECT_THROW(window.ChooseMenu("mnuSave"), IOException) << room;
+        setrlimit(RLIMIT_FSIZE, &limit);
+        EXPECT_TRUE(window.isDirty);
+        EXPECT_EQ(file(), old);
+        EXPECT_EQ(filesInFolder(), std::vector<std::string>{"Map.qrnm"});
+    }
+    EXPECT_TRUE(window.ChooseMenu("mnuSave"));
+    EXPECT_FALSE(window.isDirty);
+    EXPECT_EQ(file(), window.MapText());
+
+    const auto stream = TextOutputStream::Create(folder.file("Map.qrnm"));
+    std::filesystem::remove_all(folder.path);
+    stream->Write("text");
+    EXPECT_THROW(stream->Close(), IOException);
+    expectSilentRefusal();
+}
+
+TEST_F(Saving, AFolderThatTakesNoFilesIsRefusedInSilence)
+{
+    ASSERT_TRUE(window.mSave());
+    namespace fs = std::filesystem;
+    const auto rights = [&](fs::perms folders, fs::perms files) {
+        fs::permissions(folder.path, folders);
+        fs::permissions(folder / "Map.qrnm", files);
+    };
+    // Nobody, as the administrator may write everywhere.
+    const auto refusedToNobody = [&] {
+        return resultOf(inOwnProcess([&] {
+            ASSERT_TRUE(geteuid() != 0 || setuid(65534) == 0);
+            expectSilentRefusal();
+        }));
+    };
+    rights(fs::perms(0555), fs::perms(0666));
+    EXPECT_EQ(refusedToNobody(), 0);
+    rights(fs::perms(0777), fs::perms(0444));
+    EXPECT_EQ(refusedToNobody(), 0);
+}
