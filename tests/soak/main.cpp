@@ -242,9 +242,10 @@ private:
 
     void write()
     {
-        std::string text(static_cast<std::size_t>(upTo(200)), '\0');
-        for (char& byte : text)
-            byte = static_cast<char>(upTo(255));
+        static constexpr std::string_view bytes("ab, \r\n\xC3\xA4\xBB\xFE\0", 11);
+        std::string text;
+        for (auto length = upTo(200); length > 0; --length)
+            text += bytes[static_cast<std::size_t>(upTo(10))];
         const bool monsters = chance(2);
         (monsters ? window_.txtMonster : window_.txtGameText).Text = text;
         model_.setText(monsters ? 0 : 1, text);
