@@ -197,6 +197,7 @@ TEST_F(Page, LayersShowAsChosenAndHiddenSquaresDrawNothing)
         EXPECT_FALSE(same(page, window.myImage));
     }
     EXPECT_EQ(window.mySquares(1, 9)->thisObject, 1);
+    EXPECT_EQ(pixel(38, 560), white) << "the tree of a hidden square would stand here";
 }
 
 // The composer may take shorter ways than a fresh tile for each square, but never to another page.
