@@ -45,6 +45,12 @@ void fuzz::expect(bool condition, const char* rule)
     std::abort();
 }
 
+/// Freed memory is kept from use only for a while, so that the memory in use can be limited.
+extern "C" const char* __asan_default_options()
+{
+    return "quarantine_size_mb=8";
+}
+
 extern "C" int LLVMFuzzerInitialize(int* argc, char*** argv)
 {
     start(*argc, *argv);

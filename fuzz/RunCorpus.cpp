@@ -4,10 +4,18 @@
 #include <filesystem>
 #include <fstream>
 #include <sstream>
+#include <sys/resource.h>
 
-// Feeds files to a fuzz target without a fuzzer. Arguments: folders.
+// Feeds files to a fuzz target without a fuzzer. Arguments: folders. No file of a corpus is worth much memory.
 
 extern "C" int LLVMFuzzerInitialize(int* argc, char*** argv);
+
+static long peakMegabytes()
+{
+    rusage usage{};
+    getrusage(RUSAGE_SELF, &usage);
+    return usage.ru_maxrss / 1024;
+}
 
 int main(int argc, char** argv)
 {
@@ -22,6 +30,9 @@ int main(int argc, char** argv)
             const std::string bytes = content.str();
             LLVMFuzzerTestOneInput(reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size());
             ++files;
+#ifndef __SANITIZE_ADDRESS__
+            fuzz::expect(peakMegabytes() < 200, "opening takes little memory");
+#endif
         }
     }
     return files > 0 ? 0 : 1;

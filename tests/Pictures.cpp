@@ -150,6 +150,28 @@ TEST(Pictures, APngFileKeepsEveryPixel)
     EXPECT_THROW(New<Picture>(0, 5)->ToData(PictureFormat::Png, 100), IOException);
 }
 
+TEST(Pictures, OneOfWhichFewPixelsAreKeptHasItsSizeEverywhere)
+{
+    const auto large = New<Picture>(300, 200, 32);
+    large->Graphics().ForeColor = red;
+    large->Graphics().FillRect(150, 0, 150, 200);
+    const auto small = Picture::FromData(large->ToData(PictureFormat::Png, 100), 600);
+    ASSERT_TRUE(small);
+    const auto page = New<Picture>(700, 200, 32);
+    page->Graphics().DrawPicture(small, 0, 0);
+    page->Graphics().DrawPicture(small, 300, 0, 20, 20, 150, 100, 150, 100);
+    page->Graphics().DrawPicture(small->Flattened(), 400, 0);
+    EXPECT_EQ(std::pair(small->Width(), small->Height()), (std::pair<std::int64_t, std::int64_t>(300, 200)));
+    for (const int x : {20, 130, 170, 299, 301, 319, 420, 570, 699})
+        EXPECT_EQ(at(page, x, 10), x < 150 || (x > 400 && x < 550) ? white : red) << x;
+    EXPECT_EQ(at(page, 299, 199), red);
+    EXPECT_EQ(at(page, 330, 10), white);
+    small->RGBSurface().SetPixel(299, 199, black);
+    EXPECT_EQ(at(small, 299, 199), black);
+    EXPECT_EQ(at(small, 298, 199), red);
+    EXPECT_EQ(at(small, 10, 199), white);
+}
+
 TEST(Pictures, DataThatIsNoPictureOrLiesAboutItsSizeIsRefused)
 {
     const auto picture = New<Picture>(9, 7, 32);
