@@ -139,6 +139,9 @@ QPageLayout layoutOf(const PrinterSetup& setup, QPageLayout layout)
     if (!margins.isEmpty() && margins[0] + margins[2] <= page.width() - smallestSide
         && margins[1] + margins[3] <= page.height() - smallestSide)
         layout.setMargins({margins[0], margins[1], margins[2], margins[3]});
+    // A page too small for the margins that it has is printed on without any.
+    if (layout.paintRect(QPageLayout::Point).isEmpty())
+        layout.setMargins({});
     return layout;
 }
 
