@@ -7,7 +7,7 @@ namespace quorrin {
 
 App::App()
 {
-    MenuBar = makeMainMenuBar();
+    MenuBar = MainMenuBar();
 }
 
 void App::Event_Open()

@@ -17,6 +17,6 @@ public:
 };
 
 /// Makes the main window's menu bar.
-Ref<MenuBar> makeMainMenuBar();
+Ref<MenuBar> MainMenuBar();
 
 } // namespace quorrin

@@ -66,7 +66,7 @@ const std::vector<MenuRow>& mainMenus()
 
 } // namespace
 
-Ref<MenuBar> makeMainMenuBar()
+Ref<MenuBar> MainMenuBar()
 {
     auto bar = New<MenuBar>();
     for (const auto& menuRow : mainMenus()) {

@@ -67,7 +67,7 @@ Window1::Window1() : Window(Kind::Main, "Quorrin Map Maker", 1104, 796)
     cvCharacters.DescribePlace = [this](int x, int y) { return describeToken(*this, x, y); };
     cvCharacters.PlaceAt = [](int x, int y) { return tokenFrame(tokenAt(x, y)); };
     btnMaze.Enabled = false;
-    MenuBar = makeMainMenuBar();
+    MenuBar = MainMenuBar();
     AddMenuHandlers();
 }
 

@@ -1,7 +1,9 @@
 #include "app/iniClass.h"
 
+#include "toolkit/Errors.h"
 #include "toolkit/Text.h"
 
+#include <optional>
 #include <string_view>
 
 namespace quorrin {
@@ -22,6 +24,15 @@ Cut cutBehind(std::string_view text, std::string_view mark)
     return {text.substr(0, end), text.substr(end)};
 }
 
+/// Nothing when the file is not there or cannot be read: that counts as no preference, and nobody is told.
+std::optional<std::string> readText(const Ref<FolderItem>& file)
+try {
+    const auto stream = TextInputStream::Open(file);
+    return stream ? std::optional(stream->ReadAll()) : std::nullopt;
+} catch (const IOException&) {
+    return {};
+}
+
 /// The text of a file with the value put in.
 std::string withValue(std::string_view text, const std::string& section, const std::string& key,
                       const std::string& value)
@@ -37,6 +48,8 @@ std::string withValue(std::string_view text, const std::string& section, const s
     const auto next = rest.find(std::string(1, lineEnd) + "[");
     const auto lines = next == rest.npos ? rest : rest.substr(0, next + 1);
     auto result = std::string(text.substr(0, found)).append(sectionLine);
+    if (!sectionLine.ends_with(lineEnd))
+        result += lineEnd;
     if (lines.find(assignment) == lines.npos) {
         result.append(lines).append(assignment).append(line);
     } else {
@@ -52,37 +65,36 @@ std::string withValue(std::string_view text, const std::string& section, const s
 std::int64_t iniClass::GetPreference(const std::string& section, const std::string& key, std::string& value) const
 {
     value.clear();
-    const auto stream = TextInputStream::Open(iniFileName);
-    if (!stream)
+    const auto text = readText(iniFileName);
+    if (!text)
         return 0;
-    const auto text = stream->ReadAll();
-    const auto header = text.find("[" + section + "]" + lineEnd);
-    if (header == text.npos)
+    const auto header = text->find("[" + section + "]" + lineEnd);
+    if (header == text->npos)
         return 0;
-    const auto found = text.find(key + "=", header + 1);
-    if (found == text.npos)
+    const auto found = text->find(key + "=", header + 1);
+    if (found == text->npos)
         return 0;
-    const auto end = text.find(lineEnd, found + 1);
+    const auto end = text->find(lineEnd, found + 1);
     // A last line that was never ended counts as empty.
-    if (end == text.npos)
+    if (end == text->npos)
         return 0;
-    value = cutBehind(std::string_view(text).substr(found, end - found), "=").after;
+    value = cutBehind(std::string_view(*text).substr(found, end - found), "=").after;
     return Len(value);
 }
 
 /// The stream replaces the file as a whole, so the old one is there until the new one is.
 void iniClass::SetPreference(const std::string& section, const std::string& key, const std::string& value) const
 {
-    std::string text;
-    if (iniFileName->Exists()) {
-        const auto old = TextInputStream::Open(iniFileName);
-        if (!old)
-            return;
-        text = old->ReadAll();
-    }
-    if (const auto stream = TextOutputStream::Create(iniFileName)) {
-        stream->Write(withValue(text, section, key, value));
-        stream->Close();
+    const auto text = iniFileName->Exists() ? readText(iniFileName) : std::string();
+    if (!text)
+        return;
+    try {
+        if (const auto stream = TextOutputStream::Create(iniFileName)) {
+            stream->Write(withValue(*text, section, key, value));
+            stream->Close();
+        }
+    } catch (const IOException&) {
+        // A setting that is not kept is no reason to stop the person at the work.
     }
 }
 

@@ -18,7 +18,8 @@ public:
 
     /// The length of the value, which is put in `value`; 0 and an empty `value` when there is none.
     std::int64_t GetPreference(const std::string& section, const std::string& key, std::string& value) const;
-    /// Adds or replaces the value, which may hold no carriage return. Does nothing when the file cannot be written.
+    /// Adds or replaces the value, which may hold no carriage return. When the file cannot be read
+    /// or written, it stays as it is and nothing is said.
     void SetPreference(const std::string& section, const std::string& key, const std::string& value) const;
 };
 

@@ -6,6 +6,7 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QFrame>
+#include <QGuiApplication>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
@@ -13,6 +14,8 @@
 #include <QStyleOptionButton>
 #include <QTextDocument>
 #include <QWheelEvent>
+
+#include <optional>
 
 namespace quorrin {
 
@@ -111,7 +114,9 @@ private:
     QPushButton* push() const { return static_cast<QPushButton*>(Widget()); }
     void showMenu()
     {
-        const PopUpPlace below(push()->mapToGlobal(QPoint(0, push()->height())));
+        std::optional<PopUpPlace> below;
+        if (QGuiApplication::mouseButtons() == Qt::NoButton)
+            below.emplace(push()->mapToGlobal(QPoint(0, push()->height())));
         change([this] { button_.Push(); });
         push()->setDown(false);
     }

@@ -23,19 +23,20 @@ public:
     QStringList actionNames() const override
     {
         QStringList names = QAccessibleWidget::actionNames();
-        if (widget_.focusPolicy() != Qt::NoFocus)
+        if (canBePressed())
             names.prepend(pressAction());
         return names;
     }
     void doAction(const QString& name) override
     {
-        if (name == pressAction())
-            widget_.PressByKeyboard();
-        else
+        if (name != pressAction())
             QAccessibleWidget::doAction(name);
+        else if (canBePressed())
+            widget_.PressByKeyboard();
     }
 
 private:
+    bool canBePressed() const { return widget_.isEnabled() && widget_.focusPolicy() != Qt::NoFocus; }
     MouseWidget& widget_;
 };
 

@@ -16,7 +16,12 @@ public:
     ~WidgetView() override;
     void Sync() final;
     void Repaint() final { widget_->update(); }
-    void TakeFocus() final { widget_->setFocus(Qt::OtherFocusReason); }
+    /// What lies on a page that is turned away takes none, so that nobody types into what they cannot see.
+    void TakeFocus() final
+    {
+        if (widget_->isVisible())
+            widget_->setFocus(Qt::OtherFocusReason);
+    }
 
     QWidget* Widget() const { return widget_; }
     /// Where the widgets of the controls on one of its pages lie; nil for a control that holds no others.

@@ -1,5 +1,6 @@
 #include "toolkit/Picture.h"
 
+#include "toolkit/Errors.h"
 #include "toolkit/Files.h"
 #include "toolkit/Graphics.h"
 #include "toolkit/QtBridge.h"
@@ -29,7 +30,7 @@ constexpr qint64 alwaysAllowedBytes = 64 << 20;
 constexpr qint64 pixelBytesPerFileByte = 256;
 constexpr int decoderLimitMegabytes = 256;
 
-/// Pictures in use have about ten; each costs as much time as the whole picture, however few bytes it takes.
+/// Pictures in use have about ten.
 constexpr int mostJpegScans = 64;
 
 int checkedSide(std::int64_t side)
@@ -76,6 +77,31 @@ QByteArray withoutTexts(const QByteArray& png)
         at += length;
     }
     return rest;
+}
+
+/// The scans of a JPEG; each costs as much time as the whole picture, however few bytes it takes. What stands behind
+/// the picture's end, as the films of phones do, counts for nothing.
+int jpegScans(const QByteArray& jpeg)
+{
+    enum Marker : quint8 { Stuffed = 0x00, Alone = 0x01, Restart0 = 0xD0, Restart7 = 0xD7, End = 0xD9, Scan = 0xDA };
+    constexpr quint8 markerStart = 0xFF;
+    const auto byte = [&](qsizetype at) { return static_cast<quint8>(jpeg[at]); };
+    int scans = 0;
+    qsizetype at = 2;
+    while (at + 3 < jpeg.size()) {
+        const quint8 marker = byte(at + 1);
+        if (byte(at) != markerStart || marker == markerStart) {
+            ++at;
+        } else if (marker == Stuffed || marker == Alone || (marker >= Restart0 && marker <= Restart7)) {
+            at += 2;
+        } else if (marker == End) {
+            break;
+        } else {
+            scans += marker == Scan;
+            at += 2 + qFromBigEndian<quint16>(jpeg.constData() + at + 2);
+        }
+    }
+    return scans;
 }
 
 } // namespace
@@ -241,7 +267,13 @@ Ref<Picture> Picture::OpenFromApp(std::string_view name)
 Ref<Picture> Picture::Open(const Ref<FolderItem>& file, std::int64_t mostPixels)
 {
     const auto stream = TextInputStream::Open(file);
-    return stream ? FromData(stream->ReadAll(), mostPixels) : nullptr;
+    if (!stream)
+        return nullptr;
+    try {
+        return FromData(stream->ReadAll(), mostPixels);
+    } catch (const IOException&) {
+        return nullptr;
+    }
 }
 
 Ref<Picture> Picture::FromData(const std::string& bytes, std::int64_t mostPixels)
@@ -254,7 +286,7 @@ Ref<Picture> Picture::FromData(const std::string& bytes, std::int64_t mostPixels
     buffer.open(QIODevice::ReadOnly);
     QImageReader::setAllocationLimit(decoderLimitMegabytes);
     const QByteArray format = QImageReader::imageFormat(&buffer);
-    if (!readFormats.contains(format) || (format == "jpeg" && data.count("\xFF\xDA") > mostJpegScans))
+    if (!readFormats.contains(format) || (format == "jpeg" && jpegScans(data) > mostJpegScans))
         return nullptr;
     QImageReader reader(&buffer, format);
     reader.setAutoTransform(true);

@@ -7,6 +7,8 @@
 #include <algorithm>
 #include <charconv>
 #include <limits>
+#include <locale>
+#include <sstream>
 #include <system_error>
 
 namespace quorrin {
@@ -38,10 +40,10 @@ double decimalValue(std::string_view text)
     double value = 0;
     const auto result = std::from_chars(text.data(), text.data() + text.size(), value);
     if (result.ec == std::errc::result_out_of_range) {
-        const std::string_view number(text.data(), result.ptr);
-        value = number.find("e-") == number.npos && number.find("E-") == number.npos
-                    ? std::numeric_limits<double>::max()
-                    : 0;
+        // It leaves open whether the number is too large or too small; a stream gives the largest number or 0.
+        std::istringstream number(std::string(text.data(), result.ptr));
+        number.imbue(std::locale::classic());
+        number >> value;
     }
     return negative ? -value : value;
 }

@@ -9,7 +9,7 @@ namespace quorrin {
 
 namespace {
 
-Ref<MenuBar> makeMenuBar()
+Ref<MenuBar> mbUserPict()
 {
     using Standard = MenuItem::Standard;
     const auto bar = New<MenuBar>();
@@ -53,11 +53,11 @@ Ref<Picture> copyOf(const Ref<Picture>& source)
 
 frmEditUserPicture::frmEditUserPicture() : Window(Kind::Modal, "Edit User Picture", 1100, 796)
 {
-    Canvas1.MouseCursor = _x_curPencil();
+    Canvas1_Open();
     Canvas1.AccessibleName = "Drawing";
     PopupMenu1.AccessibleName = "Color";
     PopupMenu2.AccessibleName = "Pen width";
-    MenuBar = makeMenuBar();
+    MenuBar = mbUserPict();
     const auto add = [this](const char* name, bool (frmEditUserPicture::*action)()) {
         AddMenuHandler(name, [this, action] { return (this->*action)(); });
     };
@@ -90,6 +90,11 @@ void frmEditUserPicture::Timer1_Action()
     MenuBar = bar;
     if (View)
         View->Sync();
+}
+
+void frmEditUserPicture::Canvas1_Open()
+{
+    Canvas1.MouseCursor = _x_curPencil();
 }
 
 void frmEditUserPicture::Canvas1_Paint(Graphics& g)

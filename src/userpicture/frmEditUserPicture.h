@@ -28,6 +28,7 @@ public:
     void Event_Open() override;
     void Event_EnableMenuItems() override;
     void Timer1_Action();
+    void Canvas1_Open();
     void Canvas1_Paint(Graphics& g);
     bool Canvas1_MouseDown(int x, int y);
     void Canvas1_MouseDrag(int x, int y);
