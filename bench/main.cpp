@@ -8,22 +8,28 @@
 
 #include "Program.h"
 
+#include "desktop/DesktopPlatform.h"
 #include "toolkit/Application.h"
 
 #include <benchmark/benchmark.h>
+
+#include <QApplication>
 
 #include <string_view>
 
 int main(int argc, char** argv)
 {
-    const quorrin::ScreenlessToolkit toolkit(argc, argv);
     const std::string_view only = argc == 2 ? argv[1] : "";
-    if (only == "--qt-alone")
-        return 0;
-    if (only == "--first-page") {
-        const Program program(Density::Blank);
+    if (only == "--first-page" || only == "--qt-alone") {
+        const quorrin::ScreenlessToolkit toolkit(argc, argv);
+        if (only == "--first-page")
+            const Program program(Density::Blank);
         return 0;
     }
+    if (qEnvironmentVariableIsEmpty("DISPLAY"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QApplication application(argc, argv);
+    quorrin::setUpDesktop();
     benchmark::Initialize(&argc, argv);
     if (benchmark::ReportUnrecognizedArguments(argc, argv))
         return 1;
