@@ -76,12 +76,16 @@ private:
     QStringList extensions_;
 };
 
-Ref<FolderItem> chosenFile(QFileDialog& dialog, const FileFilter& filter)
+/// `name` is what a new file is proposed to be called. It comes last, as a filter gives the name that stands there its
+/// own first extension.
+Ref<FolderItem> chosenFile(QFileDialog& dialog, const FileFilter& filter, const QString& name = {})
 {
     dialog.setOption(QFileDialog::DontUseNativeDialog);
     dialog.setDirectory(lastFolder());
     if (!filter.empty())
         dialog.setNameFilter(nameFilter(filter));
+    if (!name.isEmpty())
+        dialog.selectFile(name);
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
         return nullptr;
     lastFolder() = dialog.directory().absolutePath();
@@ -158,8 +162,7 @@ Ref<FolderItem> saveFileDialog(const FileFilter& filter, const std::string& defa
     if (proposed.size() > 1 && (extensions.isEmpty() || extensions.contains(proposed)))
         extensions.prepend(proposed);
     SaveDialog dialog(frontWidget(), extensions);
-    dialog.selectFile(name);
-    return chosenFile(dialog, filter);
+    return chosenFile(dialog, filter, name);
 }
 
 } // namespace quorrin
