@@ -1,13 +1,56 @@
 #include "desktop/DesktopStyle.h"
 
 #include <QFontMetrics>
+#include <QPainter>
 #include <QStyleOptionMenuItem>
 #include <QWidget>
 
+#include <algorithm>
+#include <iterator>
+
 namespace quorrin {
+
+namespace {
+
+/// The outlines of the style are darker than the window. On a black one, as themes of high contrast have it, they would
+/// not show, and the text's colour takes their place, twice around what is held down.
+void drawOutlineOnBlack(QPainter& painter, const QStyleOption& option, bool isDown = false)
+{
+    constexpr double black = 0.08;
+    if (option.palette.window().color().lightnessF() > black)
+        return;
+    painter.save();
+    painter.setPen(option.palette.color(QPalette::WindowText));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRect(option.rect.adjusted(0, 0, -1, -1));
+    if (isDown)
+        painter.drawRect(option.rect.adjusted(2, 2, -3, -3));
+    painter.restore();
+}
+
+} // namespace
 
 DesktopStyle::DesktopStyle() : QProxyStyle(QStringLiteral("Fusion"))
 {}
+
+void DesktopStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                                 const QWidget* widget) const
+{
+    constexpr PrimitiveElement outlined[] = {PE_IndicatorCheckBox, PE_PanelButtonCommand, PE_PanelLineEdit, PE_Frame,
+                                             PE_FrameGroupBox,     PE_FrameTabWidget};
+    QProxyStyle::drawPrimitive(element, option, painter, widget);
+    if (std::find(std::begin(outlined), std::end(outlined), element) != std::end(outlined))
+        drawOutlineOnBlack(*painter, *option,
+                           element == PE_PanelButtonCommand && (option->state & (State_On | State_Sunken)));
+}
+
+void DesktopStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option, QPainter* painter,
+                                      const QWidget* widget) const
+{
+    QProxyStyle::drawComplexControl(control, option, painter, widget);
+    if (control == CC_ComboBox)
+        drawOutlineOnBlack(*painter, *option);
+}
 
 int DesktopStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const
 {
