@@ -61,18 +61,19 @@ TEST_F(HitTest, TheSquareIsToldInWords)
 TEST_F(Panels, WhatComposesAndWhatMakesDirty)
 {
     Window1& w = window;
-    person.selectColor = [](Color& color) { return color = RGB(1, 2, 3), true; };
     const std::tuple<const char*, std::function<void()>, Effect> cases[] = {
         {"overlay", [&] { w.cbOverlayUserPict.Value = true; }, both},
         {"clickable", [&] { w.cbShowClickable.Value = true; }, composed},
         {"show markers", [&] { w.cbShowDMObjects.Value = false; }, both},
         {"wall box", [&] { w.CheckBox6.Value = true; }, nothing},
-        {"clear boxes", [&] { w.PushButton3.Push(); }, nothing},
-        {"wall color", [&] { click(w.rWallColor); }, dirty},
+        {"fill", [&] { w.btnClearAllSquares.Push(); }, both},
         {"tab", [&] { w.TabPanel1.Value = Window1::MarkerTool; }, nothing},
         {"script page", [&] { w.bbScriptTool.Push(); }, nothing},
         {"monsters", [&] { w.txtMonster.Text = "orc"; }, dirty},
+        {"the same", [&] { w.txtMonster.Text = "orc"; }, nothing},
         {"game text", [&] { w.txtGameText.Text = "a cave"; }, dirty},
+        {"no such row", [&] { EXPECT_THROW(w.pmGrid.ListIndex = -2, OutOfBoundsException); }, nothing},
+        {"no row", [&] { w.pmGrid.ListIndex = -1; }, both},
     };
     for (const auto& [name, action, effect] : cases)
         EXPECT_EQ(effectOf(action), effect) << name;
@@ -88,40 +89,18 @@ TEST_F(Panels, WhatComposesAndWhatMakesDirty)
 
 TEST_F(Panels, WhatIsEnabledWhen)
 {
-    for (const int object : {0, 143, 0}) {
-        EXPECT_EQ(window.btnMaze.Enabled, window.pmObjects.ListIndex != 0);
-        window.pmObjects.ListIndex = object;
-    }
-    window.pmColorBW.ListIndex = 2;
     for (const int layer : {1, 0}) {
         window.pmObjectLayer.ListIndex = layer;
         EXPECT_EQ(window.pmColorBW.Enabled, layer == 0);
-        EXPECT_EQ(window.pmColorBW.ListIndex, 2);
     }
-    EXPECT_TRUE(window.cbShowDMObjects.Value);
     for (const bool shown : {false, true}) {
         window.cbShowDMObjects.Value = shown;
         EXPECT_TRUE(window.pmDM.Enabled == shown && window.cvDMPreview.Enabled == shown);
     }
 }
 
-TEST_F(Panels, OrientationTurnsTheCanvasAndKeepsWhatIsHidden)
-{
-    window.mySquares(10, 3)->thisObject = 5;
-    const std::string map = window.MapText();
-    for (const int row : {1, 0}) {
-        window.pmLandscape.ListIndex = row;
-        EXPECT_EQ(window.Canvas1.Width, row == 0 ? 756 : 576);
-        EXPECT_EQ(window.Canvas1.Height, row == 0 ? 576 : 756);
-        EXPECT_TRUE(window.mySquares(10, 3)->Visible == (row == 0)
-                    && window.mySquaresTop(10, 3)->Visible == (row == 0));
-    }
-    EXPECT_EQ(window.MapText(), map);
-}
-
 TEST_F(Panels, TheWallSetIsPreviewedAndItsColorChosen)
 {
-    const std::string map = window.MapText();
     const auto previewed = [&](const std::function<void()>& action) {
         const auto before = window.myWall;
         action();
@@ -133,32 +112,14 @@ TEST_F(Panels, TheWallSetIsPreviewedAndItsColorChosen)
         chosen.*flag = true;
         EXPECT_EQ(*window.ChosenWall(), chosen) << entry;
     }
-    const auto chooseColor = [&] { click(window.rWallColor); };
-    EXPECT_FALSE(previewed(chooseColor)); // cancelled
-    EXPECT_FALSE(window.isDirty);
-    person.selectColor = [](Color& color) { return color == black ? color = RGB(9, 8, 7), true : false; };
-    EXPECT_TRUE(previewed(chooseColor));
-
-    cWall blank;
-    blank.myColor = RGB(9, 8, 7);
-    EXPECT_TRUE(previewed([&] { window.ClearAllWallChecks(); }));
-    EXPECT_EQ(*window.ChosenWall(), blank);
-    EXPECT_FALSE(previewed([&] { window.ClearAllWallChecks(); }));
-    EXPECT_EQ(window.MapText(), map);
-}
-
-TEST_F(Panels, PalettesChooseTheRowAndNothingWhenCancelled)
-{
-    const std::string map = window.MapText();
-    for (const bool chosen : {true, false}) {
-        person.popUp = [=](const MenuItem& base) { return chosen ? base.Items()[1]->Items()[2] : nullptr; };
-        click(window.Canvas3);
-        EXPECT_EQ(window.pmObjects.List(window.pmObjects.ListIndex), "Sand");
-        person.popUp = [=](const MenuItem& base) { return chosen ? base.Items()[21] : nullptr; };
-        click(window.cvDMPreview);
-        EXPECT_EQ(window.pmDM.ListIndex, 21);
+    for (const bool accepted : {false, true}) {
+        person.selectColor = [=](Color& color) { return color = RGB(9, 8, 7), accepted; };
+        EXPECT_EQ(previewed([&] { click(window.rWallColor); }), accepted);
+        EXPECT_EQ(window.isDirty, accepted);
+        EXPECT_EQ(window.rWallColor.FillColor == RGB(9, 8, 7), accepted);
     }
-    EXPECT_EQ(window.MapText(), map);
+    for (const bool again : {false, true})
+        EXPECT_EQ(previewed([&] { window.PushButton3.Push(); }), !again);
 }
 
 TEST_F(Panels, TogglesTurnThePagesAndAnyTabBringsTheMapBack)
@@ -170,7 +131,6 @@ TEST_F(Panels, TogglesTurnThePagesAndAnyTabBringsTheMapBack)
                && script.Enabled == (page != 2) && characters.Enabled == (page != 1)
                && window.gbDMObjects.Enabled == (page == 0);
     };
-    window.TabPanel1.Value = Window1::MarkerTool;
     for (const auto& [toggle, other, page] : {std::tuple{&script, &characters, 1}, {&characters, &script, 2}}) {
         toggle->Push();
         EXPECT_TRUE(shows(page));
@@ -199,16 +159,12 @@ TEST_F(Clicks, ChangeWhatTheToolIsForAndNothingElse)
     const auto old = bottom.Wall;
     const std::string before = window.MapText();
 
-    const auto never = [] { return false; };
     const std::tuple<int, int, std::function<bool()>> cases[] = {
         // tool, layer, undoes the change
-        {Window1::BackgroundTool, 0, never},
-        {Window1::GridTool, 0, never},
+        {Window1::BackgroundTool, 0, nullptr},
+        {Window1::GridTool, 0, nullptr},
         {Window1::WallTool, 1,
-         [&] {
-             return *std::exchange(bottom.Wall, old)
-                    == cWall(false, false, false, true, false, false, false, false, true, false, RGB(255, 0, 0));
-         }},
+         [&] { return *std::exchange(bottom.Wall, old) == cWall(0, 0, 0, 1, 0, 0, 0, 0, 1, 0, RGB(255, 0, 0)); }},
         {Window1::ObjectTool, 0, [&] { return std::exchange(bottom.thisObject, 0) == 7; }},
         {Window1::ObjectTool, 1, [&] { return std::exchange(top.thisObject, 0) == 7; }},
         {Window1::MarkerTool, 1, [&] { return std::exchange(bottom.thisDM, 0) == 3; }},
@@ -218,12 +174,10 @@ TEST_F(Clicks, ChangeWhatTheToolIsForAndNothingElse)
         window.pmObjectLayer.ListIndex = layer;
         EXPECT_EQ(effectOf([&] { click(window.Canvas1, gap, y3); }), nothing);
         EXPECT_EQ(effectOf([&] { click(window.Canvas1, x2, y3, true); }), nothing);
-        EXPECT_EQ(window.MapText(), before);
-        const bool edits = tool >= Window1::WallTool;
         // What counts is where the button comes up.
         EXPECT_EQ(effectOf([&] { window.Canvas1.Press(7, 42), window.Canvas1.Release(x2, y3); }),
-                  edits ? both : nothing);
-        EXPECT_EQ(undo(), edits) << tool << ", " << layer;
+                  undo ? both : nothing);
+        EXPECT_TRUE(!undo || undo()) << tool << ", " << layer;
         EXPECT_EQ(window.MapText(), before);
         EXPECT_EQ(*top.Wall, cWall());
     }
@@ -237,14 +191,12 @@ TEST_F(BulkCommands, ClearAfterTheirQuestion)
         const char *message, *action;
         bool bottom, top, walls;
     } cases[] = {
-        {&Window1::_mnuClearAllObjects_Action, 0, "Clear All Objects? This cannot be undone.", "Clear All Objects",
-         true, true, false},
-        {&Window1::_mnuClearObjectCurLayer_Action, 0, "Clear all bottom layer objects? This cannot be undone.",
-         "Clear Objects", true, false, false},
-        {&Window1::_mnuClearObjectCurLayer_Action, 1, "Clear all top layer objects? This cannot be undone.",
-         "Clear Objects", false, true, false},
-        {&Window1::_mnuClearAllWalls_Action, 0, "Clear All Walls This cannot be undone.", "Clear All Walls", false,
-         false, true},
+        {&Window1::_mnuClearAllObjects_Action, 0, "Clear All Objects?", "Clear All Objects", true, true, false},
+        {&Window1::_mnuClearObjectCurLayer_Action, 0, "Clear all bottom layer objects?", "Clear Objects", true, false,
+         false},
+        {&Window1::_mnuClearObjectCurLayer_Action, 1, "Clear all top layer objects?", "Clear Objects", false, true,
+         false},
+        {&Window1::_mnuClearAllWalls_Action, 0, "Clear All Walls", "Clear All Walls", false, false, true},
     };
     const cWall wall(true, false, true, false, false, true, true, false, false, false, RGB(255, 0, 0));
     const auto forAll = [&](auto action) {
@@ -261,34 +213,13 @@ TEST_F(BulkCommands, ClearAfterTheirQuestion)
         person.ask = nullptr; // cancelled
         EXPECT_EQ(effectOf([&] { (window.*c.command)(); }), nothing);
         EXPECT_EQ(window.MapText(), full);
-        person.ask = [&](const MessageDialog& dialog) {
-            EXPECT_EQ(dialog.Message, c.message);
-            EXPECT_EQ(dialog.ActionButton.Caption, c.action);
-            EXPECT_EQ(dialog.CancelButton.Caption, "Cancel");
-            EXPECT_TRUE(dialog.Icon == 3 && dialog.CancelButton.Visible && !dialog.AlternateActionButton.Visible);
-            return MessageDialog::Answer::Action;
-        };
+        answer(MessageDialog::Answer::Action, c.message + std::string(" This cannot be undone."), c.action);
         EXPECT_EQ(effectOf([&] { (window.*c.command)(); }), both);
         forAll([&](const cSquare& bottom, const cSquare& top) {
             EXPECT_EQ(bottom.thisObject, c.bottom ? 0 : 5);
             EXPECT_EQ(top.thisObject, c.top ? 0 : 5);
             EXPECT_EQ(*bottom.Wall, c.walls ? cWall() : wall);
             EXPECT_TRUE(*top.Wall == wall && bottom.thisDM == 5 && top.thisDM == 5);
-        });
-    }
-}
-
-TEST_F(BulkCommands, FillTheBlankSquaresThatShow)
-{
-    window.mySquaresTop(3, 3)->thisObject = 9;
-    window.pmObjectLayer.ListIndex = 1;
-    for (const int object : {0, 4}) {
-        window.pmObjects.ListIndex = object;
-        EXPECT_EQ(effectOf([&] { window.btnClearAllSquares.Push(); }), both);
-        EXPECT_TRUE(person.questions.empty());
-        forEachPixel(12, 12, [&](auto x, auto y) {
-            EXPECT_EQ(window.mySquaresTop(x + 1, y + 1)->thisObject, x == 2 && y == 2 ? 9 : y < 8 ? object : 0);
-            EXPECT_EQ(window.mySquares(x + 1, y + 1)->thisObject, 0);
         });
     }
 }

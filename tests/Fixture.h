@@ -108,7 +108,34 @@ protected:
                 {&w.cbDoorRight, &cWall::DoorRight, "Toggle Door Right"}};
     }
 
-    quorrin::Color pixel(std::int64_t x, std::int64_t y) { return window.myImage->RGBSurface().Pixel(x, y); }
+    /// The entry of a menu, or of a submenu, that has this text.
+    static quorrin::Ref<quorrin::MenuItem> entryOf(const quorrin::MenuItem& menu, const std::string& text)
+    {
+        for (const auto& item : menu.Items()) {
+            if (item->Text == text)
+                return item;
+            if (auto found = entryOf(*item, text))
+                return found;
+        }
+        return nullptr;
+    }
+
+    /// From now on answers questions, which are to have this text and these buttons beside "Cancel".
+    void answer(quorrin::MessageDialog::Answer given, const std::string& message, const std::string& action,
+                const std::string& alternate = "")
+    {
+        person.ask = [=](const quorrin::MessageDialog& dialog) {
+            EXPECT_EQ(dialog.Message, message);
+            EXPECT_EQ(dialog.ActionButton.Caption, action);
+            const auto& other = dialog.AlternateActionButton;
+            EXPECT_EQ(other.Visible ? other.Caption : "", alternate);
+            EXPECT_EQ(dialog.CancelButton.Caption, "Cancel");
+            EXPECT_TRUE(dialog.Icon == 3 && dialog.CancelButton.Visible);
+            return given;
+        };
+    }
+
+    quorrin::Color pixel(std::int64_t x, std::int64_t y) { return pixelOf(window.myImage, x, y); }
 
     static void click(quorrin::MouseControl& canvas, int x = 5, int y = 5, bool contextual = false)
     {

@@ -33,25 +33,21 @@ void forEachSquare(const Window1::Layer& layer, const std::function<void(cSquare
                 visit(square, static_cast<double>(square.x), static_cast<double>(square.y));
 }
 
-/// How many pixels where the art is white show what lies below the tile.
-int clearWhites(const Ref<Picture>& tile, const std::string& art)
-{
-    int found = 0;
-    const auto picture = Picture::OpenFromApp(art);
-    forEachPixel(56, 56, [&](auto x, auto y) { found += at(picture, x, y) == white && at(tile, x, y) == clear; });
-    return found;
-}
-
 } // namespace
 
 using Tiles = Program;
 
 TEST_F(Tiles, TheModesFollowTheRuleAndItsDepartures)
 {
-    for (const auto& [object, name, through] :
-         {std::tuple{1, "TreeBW", false}, {12, "Castle1BW", false}, {9, "BarrelVertBW", true}, {37, "ChestBW", true}})
-        EXPECT_EQ(clearWhites(window.DrawObject(object, 2), name) > 0, through) << name;
-    EXPECT_GT(clearWhites(window.DrawObject(37, 1), "ChestColor"), 0);
+    for (const auto& [object, mode, name, through] : {std::tuple{1, 2, "TreeBW", false},
+                                                      {12, 2, "Castle1BW", false},
+                                                      {9, 2, "BarrelVertBW", true},
+                                                      {37, 1, "ChestColor", true}}) {
+        int clearWhites = 0;
+        const auto art = Picture::OpenFromApp(name), tile = window.DrawObject(object, mode);
+        forEachPixel(56, 56, [&](auto x, auto y) { clearWhites += at(art, x, y) == white && at(tile, x, y) == clear; });
+        EXPECT_EQ(clearWhites > 0, through) << name;
+    }
     for (const auto& [object, mode, otherObject, otherMode, alike] : {std::tuple{4, 0, 4, 1, true},
                                                                       {4, 0, 4, 2, true},
                                                                       {13, 0, 12, 2, true},
@@ -64,11 +60,9 @@ TEST_F(Tiles, TheModesFollowTheRuleAndItsDepartures)
     for (std::int64_t object = 1; object <= lastCatalogueObject; ++object)
         for (std::int64_t mode = 0; mode <= 3; ++mode)
             EXPECT_FALSE(isClear(window.DrawObject(object, mode))) << objectRows()[static_cast<std::size_t>(object)];
-    const auto stairs = window.DrawObject(5, 0);
-    for (const auto& [x, y, color] :
-         {std::tuple{6, 15, black}, {48, 15, black}, {49, 15, clear}, {24, 45, black}, {23, 45, clear}})
-        EXPECT_EQ(at(stairs, x, y), color);
-    EXPECT_EQ(at(window.DrawObject(7, 0), 45, 48), black) << "east: widest on the right";
+    for (const auto& [stairs, x, y, color] :
+         {std::tuple{5, 48, 15, black}, {5, 49, 15, clear}, {5, 24, 45, black}, {5, 23, 45, clear}, {7, 45, 48, black}})
+        EXPECT_EQ(at(window.DrawObject(stairs, 0), x, y), color) << stairs << ": " << x << "," << y;
 }
 
 TEST_F(Tiles, AFigureFillsTheTileAndAMissingOneIsClear)
@@ -88,7 +82,6 @@ TEST_F(Tiles, AFigureFillsTheTileAndAMissingOneIsClear)
 
 TEST_F(Tiles, WallsStandOnTheirEdgesAndMirrorEachOther)
 {
-    EXPECT_TRUE(isClear(cWall().Render()));
     const Color color = RGB(200, 30, 30);
     const auto tile = [&](bool cWall::*flag) {
         cWall wall;
@@ -107,7 +100,6 @@ TEST_F(Tiles, WallsStandOnTheirEdgesAndMirrorEachOther)
     });
     const auto door = tile(&cWall::DoorRight);
     EXPECT_EQ(at(door, 56, 30).transparency, 136) << "the panel is half clear";
-    EXPECT_NE(at(door, 54, 22), clear);
     for (const auto& [picture, x, y, expected] : {std::tuple{slash, 34, 32, color},
                                                   {slash, 29, 32, clear},
                                                   {door, 61, 5, color},
@@ -115,10 +107,6 @@ TEST_F(Tiles, WallsStandOnTheirEdgesAndMirrorEachOther)
                                                   {door, 53, 22, clear},
                                                   {door, 54, 44, clear}})
         EXPECT_EQ(at(picture, x, y), expected) << x << "," << y;
-
-    Module1::gSkipWallColor = true;
-    EXPECT_EQ(at(tile(&cWall::Top), 10, 2), black);
-    Module1::gSkipWallColor = false;
 }
 
 TEST_F(Tiles, MarkersAreTellableRings)
@@ -170,7 +158,6 @@ TEST_F(Page, ClickableFramesTakeTheGridsPen)
     window.cbShowClickable.Value = true;
     for (const bool thick : {false, true}) {
         window.pmGrid.ListIndex = thick ? 7 : 0;
-        EXPECT_EQ(pixel(8, 43), RGB(0, 0, 200));
         EXPECT_EQ(pixel(67, 102), RGB(0, 0, 200));
         EXPECT_EQ(pixel(9, 44), thick ? RGB(0, 0, 200) : white);
         EXPECT_EQ(pixel(10, 45), white);
@@ -182,21 +169,19 @@ TEST_F(Page, LayersShowAsChosenAndHiddenSquaresDrawNothing)
     window.mySquares(2, 1)->thisObject = 25;
     window.mySquaresTop(2, 1)->thisObject = 37;
     window.mySquares(2, 1)->Wall->Left = true;
-    window.mySquares(1, 9)->thisObject = 1;
+    window.mySquares(1, 9)->thisObject = 1; // hidden
     for (const int shown : {1, 2}) {
         window.pmVisibleLayers.ListIndex = shown;
         EXPECT_EQ(pixel(69 + 2, 42 + 10), black) << "walls show over objects, whatever layers do";
         const auto page = window.myImage;
         window.pmVisibleLayers.ListIndex = 0;
         auto& object = (shown == 2 ? window.mySquares : window.mySquaresTop)(2, 1)->thisObject;
+        EXPECT_FALSE(same(page, window.myImage));
         const auto kept = std::exchange(object, 0);
         window.RenderMap(true);
         EXPECT_TRUE(same(page, window.myImage));
         object = kept;
-        window.RenderMap(true);
-        EXPECT_FALSE(same(page, window.myImage));
     }
-    EXPECT_EQ(window.mySquares(1, 9)->thisObject, 1);
     EXPECT_EQ(pixel(38, 560), white) << "the tree of a hidden square would stand here";
 }
 
@@ -205,9 +190,10 @@ TEST_F(Page, ThePageIsWhatTheTilesGive)
 {
     window.pmGrid.ListIndex = 8;
     window.cbShowClickable.Value = true;
-    const auto drawTiles = [&](Graphics& g, const Window1::Layer& layer, std::int64_t mode) {
+    const auto draw = [](Graphics& g, const Window1::Layer& layer, double offset, auto tileOf) {
         forEachSquare(layer, [&](const cSquare& square, double x, double y) {
-            g.DrawPicture(window.DrawObject(square.thisObject, mode), x + 3, y + 3);
+            if (const Ref<Picture> tile = tileOf(square))
+                g.DrawPicture(tile, x + offset, y + offset);
         });
     };
     for (const std::int64_t mode : {0, 1, 2}) {
@@ -230,15 +216,11 @@ TEST_F(Page, ThePageIsWhatTheTilesGive)
         // The shared pictures keep what a drawing has set on them, so they are brought there first.
         window.RenderMap(true);
         auto& g = expected->Graphics();
-        drawTiles(g, window.mySquares, mode);
-        drawTiles(g, window.mySquaresTop, mode == 2 ? 2 : 1);
-        forEachSquare(window.mySquares, [&](const cSquare& square, double x, double y) {
-            if (square.Wall)
-                g.DrawPicture(square.Wall->Render(), x, y);
-        });
-        forEachSquare(window.mySquares, [&](const cSquare& square, double x, double y) {
-            g.DrawPicture(window.DrawDM(square.thisDM), x + 2, y + 2);
-        });
+        draw(g, window.mySquares, 3, [&](auto& square) { return window.DrawObject(square.thisObject, mode); });
+        const auto topMode = mode == 2 ? 2 : 1;
+        draw(g, window.mySquaresTop, 3, [&](auto& square) { return window.DrawObject(square.thisObject, topMode); });
+        draw(g, window.mySquares, 0, [](auto& square) { return square.Wall ? square.Wall->Render() : nullptr; });
+        draw(g, window.mySquares, 2, [&](auto& square) { return window.DrawDM(square.thisDM); });
         window.RenderMap(true);
         EXPECT_TRUE(same(window.myImage, expected)) << "mode " << mode;
     }
@@ -264,32 +246,28 @@ TEST_F(Page, TheUserPictureLiesBelowOrAboveOrStaysOut)
 TEST_F(Page, BackgroundsCoverThePageAndBordersReachTheirEdges)
 {
     for (const auto& [width, height] : {std::pair{756, 576}, {576, 756}}) {
-        for (const int background : {1, 2, 3, 4, 5, 6, 7, 8, 9}) {
+        for (int background = 1; background <= 9; ++background) {
             const auto page = New<Picture>(width, height);
             drawBackground(page->Graphics(), background, height > width);
-            for (const auto x : {0, width / 2, width - 1})
-                for (const auto y : {0, height / 2, height - 1})
-                    EXPECT_EQ(at(page, x, y).transparency, 0) << background << " at " << x << "," << y;
+            for (const auto& [x, y] : {std::pair{0, 0}, {width / 2, height / 2}, {width - 1, height - 1}})
+                EXPECT_EQ(at(page, x, y).transparency, 0) << background << " at " << x << "," << y;
         }
-        for (const std::int64_t style : {1, 2, 3}) {
-            for (const BorderRows& rows :
-                 {BorderRows{style, 0, 0, 0}, {0, style, 0, 0}, {0, 0, style, 0}, {0, 0, 0, style}}) {
+        for (const auto edge : {&BorderRows::top, &BorderRows::bottom, &BorderRows::left, &BorderRows::right}) {
+            for (std::int64_t style = 1; style <= 3; ++style) {
+                BorderRows rows{};
+                rows.*edge = style;
                 const auto page = New<Picture>(width, height);
                 drawBorders(page->Graphics(), rows);
-                int edge = 0, middle = 0;
-                forEachPixel(width, height, [&](auto x, auto y) {
-                    const bool near = rows.top      ? y < 48
-                                      : rows.bottom ? y > height - 48
-                                      : rows.left   ? x < 48
-                                                    : x > width - 48;
-                    (near ? edge : middle) += at(page, x, y) != clear;
+                int near = 0, middle = 0;
+                forEachPixel(width, height, [&, width = width, height = height](auto x, auto y) {
+                    const auto depth = rows.top ? y : rows.bottom ? height - y : rows.left ? x : width - x;
+                    (depth < 48 ? near : middle) += at(page, x, y) != clear;
                 });
-                EXPECT_GT(edge, 2000);
+                EXPECT_GT(near, 2000);
                 EXPECT_EQ(middle, 0) << "the first row stays readable";
             }
         }
     }
-    drawBackground(window.myImage->Graphics(), 77, false);
 }
 
 TEST_F(Page, TheSeriesWritesFourPicturesAndPutsEverythingBack)
@@ -305,30 +283,23 @@ TEST_F(Page, TheSeriesWritesFourPicturesAndPutsEverythingBack)
     window.RenderMap(true);
     const auto before = window.MapText();
     const auto page = window.myImage;
-    const auto unchanged = [&] {
-        return window.MapText() == before && window.pmVisibleLayers.ListIndex == 2 && !window.isDirty
-               && !Module1::gSkipWallColor && same(window.myImage, page);
-    };
     person.save = [&](const std::string& name) { return folder.file("missing/" + name); };
     EXPECT_THROW(window.ChooseMenu("mnuExportPictureSeries"), IOException);
-    EXPECT_EQ(window.MapText(), before);
-    EXPECT_FALSE(window.isDirty || Module1::gSkipWallColor);
-
     person.proposedNames.clear();
     person.save = [&](const std::string& name) { return name.ends_with(" DM BW.png") ? nullptr : folder.file(name); };
     EXPECT_TRUE(window.ChooseMenu("mnuExportPictureSeries"));
     EXPECT_EQ(person.proposedNames,
               (std::vector<std::string>{"Quorrin Map Keep Color.png", "Quorrin Map Keep DM Color.png",
                                         "Quorrin Map Keep BW.png", "Quorrin Map Keep DM BW.png"}));
-    EXPECT_TRUE(unchanged());
-    EXPECT_FALSE(std::filesystem::exists(folder / "Quorrin Map Keep DM BW.png"));
+    EXPECT_EQ(window.MapText(), before);
+    EXPECT_FALSE(window.isDirty);
+    EXPECT_TRUE(same(window.myImage, page));
 
     const auto color = Picture::Open(folder.file("Quorrin Map Keep Color.png"));
     const auto bw = Picture::Open(folder.file("Quorrin Map Keep BW.png"));
     EXPECT_EQ(at(color, 8, 43), RGB(200, 200, 200)) << "no clickable regions";
     EXPECT_EQ(at(color, 150, 168), RGB(255, 0, 0));
     EXPECT_EQ(at(bw, 150, 168), black);
-    EXPECT_EQ(at(bw, 40, 300), white);
     EXPECT_FALSE(same(color, Picture::Open(folder.file("Quorrin Map Keep DM Color.png"))));
 
     window.mySavedFileName = "";

@@ -2,10 +2,10 @@
 
 #include "Fixture.h"
 
-#include "app/Module1.h"
 #include "toolkit/Printing.h"
 
 #include <algorithm>
+#include <regex>
 
 using namespace quorrin;
 
@@ -50,30 +50,56 @@ protected:
     Printing()
     {
         Module1::myPrinterSetup = New<PrinterSetup>();
-        person.printer = [this](const PrinterSetup& setup) {
-            ++printers;
-            return printToPdf(file->Path(), setup, copies);
-        };
+        person.printer = [this](const PrinterSetup& setup) { return printToPdf(file->Path(), setup, copies); };
     }
-    ~Printing() override { Module1::myPrinterSetup = nullptr; }
 
-    static int count(const std::string& text, const std::string& wanted)
+    /// How often something stands in the print just made.
+    std::ptrdiff_t count(const std::string& pattern) const
     {
-        int found = 0;
-        for (auto at = text.find(wanted); at != text.npos; at = text.find(wanted, at + 1))
-            ++found;
-        return found;
+        const auto pdf = contentOf(file->Path());
+        const std::regex wanted(pattern);
+        return std::distance(std::sregex_iterator(pdf.begin(), pdf.end(), wanted), {});
     }
-    /// The pages of the print just made.
-    int pages() const { return count(pdf(), "/Type /Page\n"); }
-    std::string pdf() const { return contentOf(file->Path()); }
+    std::ptrdiff_t pages() const { return count("/Type /Page\\s"); }
 
     Ref<FolderItem> file = folder.file("print.pdf");
     int copies = 1;
-    int printers = 0;
 };
 
 } // namespace
+
+TEST_F(Printing, HasThePrintableAreaOfTheSetup)
+{
+    const std::tuple<const char*, double, double> cases[] = {
+        {"", 595 - 56, 842 - 56},
+        {"paper=A4;orientation=landscape", 842 - 56, 595 - 56},
+        {"paper=Letter;orientation=landscape;margins=0,0,0,0", 792, 612},
+        {"paper=Letter;margins=10,20,30,40", 612 - 40, 792 - 60},
+        {"paper=Custom.Odd;size=300x400;margins=0,0,0,0", 300, 400},
+        // What makes no sense is passed over, and what does still counts.
+        {"paper=Nothing;size=0x1e999;orientation=sideways;margins=1,2,3", 595 - 56, 842 - 56},
+        {"paper=A4;margins=400,0,400,0", 595 - 56, 842 - 56},
+        {"size=nanxinf;margins=-5,0,0,0;;=;====;paper=A5", 420 - 56, 595 - 56},
+        {"\xff\xfe<xml>%1", 595 - 56, 842 - 56},
+    };
+    for (const auto& [setup, width, height] : cases) {
+        const auto area = printToPdf(file->Path(), {setup}, 1);
+        EXPECT_NEAR(area->Width(), width, 1) << setup;
+        EXPECT_NEAR(area->Height(), height, 1) << setup;
+    }
+}
+
+TEST_F(Printing, AppearsWholeAtTheEndOrNotAtAll)
+{
+    writeFile(file->Path(), "old");
+    auto print = printToPdf(file->Path(), {"paper=A4;orientation=landscape"}, 2);
+    print->NextPage();
+    EXPECT_EQ(contentOf(file->Path()), "old");
+    print = nullptr;
+    EXPECT_EQ(pages(), 2);
+    EXPECT_THROW(printToPdf(folder / "no/such.pdf", {}, 1), IOException);
+    EXPECT_FALSE(folder.file("no")->Exists());
+}
 
 TEST_F(Printing, PrintsEachCopyOfTheMapOnAPage)
 {
@@ -91,7 +117,7 @@ TEST_F(Printing, PrintsEachCopyOfTheMapOnAPage)
             const auto page = window.myImage;
             EXPECT_TRUE(window.ChooseMenu("mnuPrint"));
             EXPECT_EQ(pages(), wanted) << setup;
-            EXPECT_EQ(count(pdf(), "/Width " + std::to_string(printedWidth)), 1) << setup;
+            EXPECT_EQ(count("/Width " + std::to_string(printedWidth)), 1) << setup;
             EXPECT_TRUE(window.myImage == page);
             EXPECT_FALSE(window.isDirty);
         }
@@ -105,47 +131,25 @@ TEST_F(Printing, TurnsTheSheetOnEveryPage)
         Module1::myPrinterSetup->SetupString = setup;
         window.btnPrintCharacters.Push();
         EXPECT_EQ(pages(), 2);
-        EXPECT_EQ(count(pdf(), "/Width 576"), 1) << setup;
-        EXPECT_EQ(count(pdf(), "/Height 756"), 1) << setup;
+        EXPECT_EQ(count("/Width 576"), 1) << setup;
+        EXPECT_EQ(count("/Height 756"), 1) << setup;
     }
 }
 
-TEST_F(Printing, PrintsOneSetOfTheScript)
+TEST_F(Printing, AsksForThePageSetupFirstAndStopsWhenCancelled)
 {
-    copies = 3;
-    window.btnPrint.Push();
-    EXPECT_EQ(pages(), 1);
-    for (int line = 0; line < 120; ++line)
-        window.myScript->GamtText += "A door creaks.\n";
-    window.btnPrint.Push();
-    EXPECT_EQ(pages(), 3);
-}
-
-TEST_F(Printing, AsksForThePageSetupFirst)
-{
-    int setups = 0;
-    person.pageSetup = [&](PrinterSetup&) {
-        EXPECT_EQ(printers, setups * 2);
-        ++setups;
-        return false;
-    };
+    int setups = 0, printers = 0;
+    person.pageSetup = [&](PrinterSetup&) { return ++setups, false; };
     Module1::myPrinterSetup = nullptr;
-    window.ChooseMenu("mnuPrint");
-    EXPECT_EQ(setups, 1);
-    EXPECT_EQ(printers, 1);
-    window.btnPrint.Push();
-    EXPECT_EQ(setups, 1);
-    EXPECT_EQ(printers, 2);
-    window.ChooseMenu("mnPageSetup");
-    EXPECT_EQ(setups, 2);
-}
-
-TEST_F(Printing, StopsWhenCancelled)
-{
-    person.printer = nullptr;
+    person.printer = [&](const PrinterSetup&) {
+        EXPECT_EQ(setups, 1);
+        return printers++, nullptr;
+    };
     window.ChooseMenu("mnuPrint");
     window.btnPrint.Push();
     window.btnPrintCharacters.Push();
-    EXPECT_FALSE(file->Exists());
+    EXPECT_EQ(printers, 3);
     EXPECT_TRUE(person.messages.empty());
+    window.ChooseMenu("mnPageSetup");
+    EXPECT_EQ(setups, 2);
 }

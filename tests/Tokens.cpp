@@ -49,30 +49,16 @@ TEST(Tokens, ShrinkTheirPictureInEqualSteps)
         const auto sized = token.SizeIcon();
         EXPECT_TRUE(sized->Width() == sizedWidth && sized->Height() == sizedHeight) << width << " x " << height;
         EXPECT_EQ(sized == token.Icon, width <= 60 && height <= 100);
-        EXPECT_EQ(token.Icon->Width(), width);
         drawn(token);
     }
     EXPECT_EQ(cCharacter().SizeIcon()->Width(), 32);
-}
-
-TEST(Tokens, FlipRowsAndNotColumns)
-{
-    const auto source = New<Picture>(3, 4);
-    auto pixels = source->RGBSurface();
-    pixels.SetPixel(0, 0, red);
-    pixels.SetPixel(2, 1, blue);
-    const auto flipped = cCharacter::FlipIcon(source);
-    forEachPixel(3, 4, [&](int x, int y) {
-        EXPECT_EQ(pixelOf(flipped, x, y), x == 0 && y == 3 ? red : x == 2 && y == 2 ? blue : white) << x << "," << y;
-    });
-    EXPECT_EQ(pixelOf(source, 0, 0), red);
-    EXPECT_EQ(pixelOf(source, 1, 1), clear);
 }
 
 TEST(Tokens, ShowTheFigureOnBothHalves)
 {
     cCharacter token;
     token.Icon = redOverBlue(60, 100);
+    token.Icon->RGBSurface().SetPixel(5, 0, black);
     for (const int width : {60, 67}) {
         const auto picture = drawn(token, width);
         const int left = (width - 60) / 2;
@@ -82,6 +68,8 @@ TEST(Tokens, ShowTheFigureOnBothHalves)
                                               {241, white}, {248, grey}, {268, white}};
         for (const auto& [y, color] : rows)
             EXPECT_EQ(pixelOf(picture, 30, y), color) << y << " of " << width;
+        for (const int y : {127, 141}) // turned over, the figure keeps its left side
+            EXPECT_EQ(pixelOf(picture, left + 5, y), black);
         for (const int y : {0, 50, 200, 269})
             for (const int x : {0, width - 1})
                 EXPECT_EQ(pixelOf(picture, x, y), black);
@@ -98,52 +86,34 @@ TEST(Tokens, CarryTheirNumberOnOneFoot)
         token.Number = number;
         const auto picture = drawn(token);
         EXPECT_EQ(inkedPixels(picture, 249, 262) > 10, number > 0) << number;
-        EXPECT_EQ(inkedPixels(picture, 1, 22), 0) << number;
-        EXPECT_EQ(inkedPixels(picture, 262, 269), 0) << number;
+        EXPECT_EQ(inkedPixels(picture, 1, 22) + inkedPixels(picture, 262, 269), 0) << number;
     }
 }
 
-namespace {
+using TokenData = Program;
 
-class TokenData : public Program {
-protected:
-    cCharacter& loaded(const std::string& data)
-    {
+TEST_F(TokenData, IsThePictureOfAFileOrNamesAnObject)
+{
+    const auto loaded = [](const std::string& data) {
+        cCharacter token;
         token.Icon = New<Picture>(5, 5);
         token.IconData = data;
         token.LoadIcon();
         EXPECT_EQ(token.IconData, data);
-        return token;
-    }
-
-    cCharacter token;
-};
-
-} // namespace
-
-TEST_F(TokenData, NamesAnObjectOfTheCatalogue)
-{
+        return token.Icon;
+    };
     window.pmColorBW.ListIndex = 2;
     const auto solid = bytesOf(window.DrawObject(1, 1));
     EXPECT_NE(solid, bytesOf(window.DrawObject(1, 2)));
-    EXPECT_EQ(bytesOf(loaded("-1").Icon), solid);
-    EXPECT_EQ(bytesOf(loaded("-1.9").Icon), solid);
+    EXPECT_EQ(bytesOf(loaded("-1")), solid);
+    EXPECT_EQ(bytesOf(loaded("-1.9")), solid);
     for (const auto* unknown : {"-0.5", "-144", "-1e300", "-99999999999999999999"})
-        EXPECT_EQ(bytesOf(loaded(unknown).Icon), bytesOf(New<Picture>(56, 56))) << unknown;
-}
+        EXPECT_EQ(bytesOf(loaded(unknown)), bytesOf(New<Picture>(56, 56))) << unknown;
 
-TEST_F(TokenData, IsTheFileOfAPicture)
-{
     const auto picture = redOverBlue(90, 30);
     const auto png = bytesOf(picture);
-    EXPECT_EQ(bytesOf(loaded(png).Icon), bytesOf(picture));
-    EXPECT_EQ(loaded(picture->ToData(PictureFormat::Jpeg, 100)).Icon->Width(), 90);
-
-    // A bitmap that claims 30000 by 30000 pixels in 54 bytes.
-    const std::string boast = std::string("BM") + std::string(8, '\0') + "\x36" + std::string(3, '\0') + "\x28"
-                              + std::string(3, '\0') + "\x30\x75\0\0\x30\x75\0\0" + std::string("\1\0\x18\0", 4)
-                              + std::string(24, '\0');
-    for (const auto& none : {std::string(), std::string("37"), std::string("no picture"), std::string(3, '\xff'),
-                             png.substr(0, 30), boast})
-        EXPECT_FALSE(loaded(none).Icon) << none.size();
+    EXPECT_EQ(bytesOf(loaded(png)), png);
+    EXPECT_EQ(loaded(picture->ToData(PictureFormat::Jpeg, 100))->Width(), 90);
+    for (const auto& none : {std::string(), std::string("37"), std::string(3, '\xff'), png.substr(0, 30)})
+        EXPECT_FALSE(loaded(none)) << none.size();
 }
