@@ -1,7 +1,6 @@
 #include "Person.h"
 
 #include <QLineEdit>
-#include <QMenuBar>
 #include <QMessageBox>
 #include <QPushButton>
 
@@ -93,10 +92,6 @@ TEST_F(AnyWindow, ShowsItsNamesAsTheyAre)
         EXPECT_EQ(view.windowTitle(), "A [*][*] dialog[*]");
         EXPECT_EQ(widgetOf(dialog.Field).accessibleName(), "Name");
         EXPECT_TRUE(static_cast<QPushButton&>(widgetOf(dialog.OkButton)).isDefault());
-        dialog.Field.Visible = false;
-        EXPECT_FALSE(widgetOf(dialog.Field).isVisible());
-        dialog.Field.Visible = true;
-        EXPECT_TRUE(widgetOf(dialog.Field).isVisible());
         dialog.Close();
     });
 }
@@ -118,31 +113,29 @@ TEST_F(AnyWindow, HandsTheMouseToItsCanvases)
 
 TEST_F(AnyWindow, OutlivesHandlersThatFail)
 {
-    QStringList messages;
-    const auto readMessage = [&](QMessageBox& box) {
-        messages += box.text().section("\n\n", 1);
-        box.accept();
+    const auto messageAfter = [](const std::function<void()>& action) {
+        QString message;
+        Answer<QMessageBox> reader([&](QMessageBox& box) {
+            message = box.text().section("\n\n", 1);
+            box.accept();
+        });
+        action();
+        EXPECT_TRUE(QTest::qWaitFor([&] { return reader.count == 1; }));
+        return message;
     };
-    dialog.failsToPaint = true;
-    // The canvas fails at every painting, and tells it once.
-    Answer<QMessageBox> first(readMessage);
+    const QString nil = "An object that is needed here does not exist.";
+    const QString beyond = "There is no element 7 in this list.";
     show([&](DesktopWindow& view) {
-        EXPECT_TRUE(QTest::qWaitFor([&] { return first.count == 1; }));
-        widgetOf(dialog.Area).repaint();
-        Answer<QMessageBox> second(readMessage);
-        QTest::mouseClick(&widgetOf(dialog.Failing), Qt::LeftButton, {}, {5, 10});
-        EXPECT_TRUE(QTest::qWaitFor([&] { return second.count == 1; }));
-        Answer<QMessageBox> third(readMessage);
-        widgetOf(dialog.Rows).setFocus();
-        QTest::keyClick(&widgetOf(dialog.Rows), Qt::Key_Down);
-        EXPECT_TRUE(QTest::qWaitFor([&] { return third.count == 1; }));
-        EXPECT_TRUE(dialog.Failing.Value);
-        EXPECT_EQ(dialog.Rows.ListIndex, 1);
+        dialog.failsToPaint = true;
+        EXPECT_EQ(messageAfter([&] { widgetOf(dialog.Area).repaint(); }), nil);
+        widgetOf(dialog.Area).repaint(); // fails at every painting, and tells it once
+        EXPECT_EQ(messageAfter([&] {
+                      QTest::mouseClick(&widgetOf(dialog.Failing), Qt::LeftButton, {}, {5, 10});
+                  }),
+                  beyond);
+        EXPECT_EQ(messageAfter([&] { QTest::keyClick(&widgetOf(dialog.Rows), Qt::Key_Down); }), beyond);
+        EXPECT_TRUE(dialog.Failing.Value && dialog.Rows.ListIndex == 1);
         EXPECT_TRUE(view.isVisible());
-        QTest::keyClick(&view, Qt::Key_Return);
+        dialog.Close();
     });
-    EXPECT_EQ(messages.size(), 3);
-    EXPECT_EQ(messages.value(0), "An object that is needed here does not exist.");
-    EXPECT_EQ(messages.value(1), "There is no element 7 in this list.");
-    EXPECT_EQ(dialog.answer, "");
 }

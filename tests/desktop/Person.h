@@ -18,18 +18,10 @@ class Person {
 public:
     explicit Person(quorrin::DesktopWindow& view) : view_(view) {}
 
-    QWidget* widgetAt(int x, int y) const
-    {
-        QWidget* content = view_.Content();
-        QWidget* widget = content->childAt(x, y);
-        return widget ? widget : content;
-    }
-    QPoint within(const QWidget* widget, int x, int y) const { return widget->mapFrom(view_.Content(), QPoint(x, y)); }
-
     void click(int x, int y, Qt::MouseButton button = Qt::LeftButton) const
     {
-        QWidget* widget = widgetAt(x, y);
-        QTest::mouseClick(widget, button, {}, within(widget, x, y));
+        QWidget* widget = view_.Content()->childAt(x, y);
+        QTest::mouseClick(widget, button, {}, widget->mapFrom(view_.Content(), QPoint(x, y)));
         QCoreApplication::processEvents();
     }
     void key(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) const
