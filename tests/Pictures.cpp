@@ -141,6 +141,11 @@ TEST(Pictures, DataThatIsNoPictureOrLiesAboutItsSizeIsRefused)
 {
     const auto png = bytesOf(New<Picture>(9, 7, 32));
     EXPECT_TRUE(Picture::FromData(png));
+    // The films that phones put behind a picture look in places like its parts.
+    std::string film = New<Picture>(9, 7, 32)->ToData(PictureFormat::Jpeg, 100);
+    for (int i = 0; i < 200; ++i)
+        film += "film\xFF\xDA";
+    EXPECT_TRUE(Picture::FromData(film));
     std::string huge = png; // the size stands in bytes 16 to 23, behind a checksum that decoders test late
     huge.replace(16, 8, std::string("\x00\x00\x7F\x00\x00\x00\x7F\x00", 8));
     // A bitmap that claims 30000 by 30000 pixels in 54 bytes.

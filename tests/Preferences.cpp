@@ -54,6 +54,7 @@ TEST_F(IniFile, PutsAValueInItsPlace)
         {"[A]\rx=1\rk=old\ry=2\r[B]\rk=2\r", "A", "[A]\rx=1\rk=new\ry=2\r[B]\rk=2\r"},
         {"[A]\rk=unended", "A", "[A]\rk=new\r"},
         {"[A]\r", "A", "[A]\rk=new\r"},
+        {"[A]", "A", "[A]\rk=new\r"},
     };
     for (const auto& [before, section, after] : cases) {
         writeFile(file->Path(), before);
@@ -64,10 +65,16 @@ TEST_F(IniFile, PutsAValueInItsPlace)
 
 TEST_F(IniFile, ThatCannotBeReadIsLeftAlone)
 {
-    file->CreateAsFolder();
     std::string value;
-    EXPECT_EQ(ini.GetPreference("A", "k", value), 0);
-    ini.SetPreference("A", "k", "new");
+    const auto tooLarge = folder.file("large.ini");
+    writeFile(tooLarge->Path(), "[A]\rk=1\r");
+    std::filesystem::resize_file(tooLarge->Path(), std::uintmax_t{2} << 30);
+    file->CreateAsFolder();
+    for (const auto& bad : {file, tooLarge}) {
+        EXPECT_EQ(iniClass(bad).GetPreference("A", "k", value), 0);
+        iniClass(bad).SetPreference("A", "k", "new");
+    }
+    EXPECT_EQ(std::filesystem::file_size(tooLarge->Path()), std::uintmax_t{2} << 30);
     iniClass(folder.file("no folder/settings.ini")).SetPreference("A", "k", "new");
     EXPECT_FALSE(folder.file("no folder")->Exists());
 }

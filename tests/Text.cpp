@@ -25,6 +25,8 @@ TEST(Text, NumbersAtTheStartOfATextAreCutAndSaturated)
     };
     for (const auto& [text, number] : cases)
         EXPECT_EQ(Int(Val(text)), number) << text;
+    EXPECT_EQ(Val("0." + std::string(400, '0') + "1"), 0);
+    EXPECT_EQ(Int(Val("1" + std::string(400, '0') + "e-10")), most);
     EXPECT_EQ(addSaturated(most, 60), most);
     EXPECT_EQ(addSaturated(least, -60), least);
     EXPECT_EQ(addSaturated(most, -60), most - 60);

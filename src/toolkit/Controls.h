@@ -162,7 +162,8 @@ class CheckBox : public Control {
 public:
     template <typename W>
     CheckBox(const Place& place, const Frame& frame, std::string caption, void (W::*action)(), bool value = false)
-        : Control(ControlKind::CheckBox, place, frame, std::move(caption)), Value(value, changed(handler(place, action)))
+        : Control(ControlKind::CheckBox, place, frame, std::move(caption)),
+          Value(value, changed(handler(place, action)))
     {}
     Property<bool> Value;
 

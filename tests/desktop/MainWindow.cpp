@@ -183,6 +183,22 @@ TEST_F(MainWindow, ItsMenuBarFollowsTabsAndTexts)
     EXPECT_EQ(window.txtMonster.Text.get(), "Orc");
 }
 
+TEST_F(MainWindow, TheCharactersPageKeepsTypingFromTheScriptAndProposesAName)
+{
+    window.TabPanel1.Value = 4;
+    person.click(160, 295);
+    EXPECT_EQ(window.PagePanel1.Value, 2);
+    Person::type("Orc");
+    EXPECT_EQ(window.txtMonster.Text.get(), "");
+    EXPECT_FALSE(window.isDirty);
+    Answer<QFileDialog> save([](QFileDialog& dialog) {
+        EXPECT_TRUE(dialog.selectedFiles().constFirst().endsWith("/Character Sheet.jpg"));
+        dialog.reject();
+    });
+    person.click(444, 758);
+    EXPECT_EQ(save.count, 1);
+}
+
 TEST_F(MainWindow, TextsKeepTheirBytesUntilTheyAreTypedIn)
 {
     const std::string old = "Caf\x8e\rtwo\xc2\xa0words";
