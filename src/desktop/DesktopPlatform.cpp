@@ -70,9 +70,9 @@ bool DesktopPlatform::PageSetupDialog(PrinterSetup& setup)
     return pageSetupDialog(setup);
 }
 
-std::unique_ptr<Graphics> DesktopPlatform::OpenPrinterDialog(const PrinterSetup& setup, Window&)
+std::unique_ptr<Graphics> DesktopPlatform::OpenPrinterDialog(const PrinterSetup& setup, Window& parent)
 {
-    return printerDialog(setup);
+    return printerDialog(setup, parent.Title);
 }
 
 bool DesktopPlatform::Launch(const FolderItem& file)

@@ -20,6 +20,7 @@ Ref<FolderItem> openFileDialog(const FileFilter& filter);
 Ref<FolderItem> saveFileDialog(const FileFilter& filter, const std::string& defaultName);
 
 bool pageSetupDialog(PrinterSetup& setup);
-std::unique_ptr<Graphics> printerDialog(const PrinterSetup& setup);
+/// `jobName` is what the queue of a printer shows, and the proposed name of a file.
+std::unique_ptr<Graphics> printerDialog(const PrinterSetup& setup, const std::string& jobName);
 
 } // namespace quorrin

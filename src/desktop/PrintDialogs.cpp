@@ -1,5 +1,6 @@
 #include "desktop/Dialogs.h"
 #include "desktop/LastResort.h"
+#include "desktop/QtText.h"
 
 #include "toolkit/Printing.h"
 #include "toolkit/QtBridge.h"
@@ -22,11 +23,11 @@ bool pageSetupDialog(PrinterSetup& setup)
     return true;
 }
 
-std::unique_ptr<Graphics> printerDialog(const PrinterSetup& setup)
+std::unique_ptr<Graphics> printerDialog(const PrinterSetup& setup, const std::string& jobName)
 {
     auto printer = std::make_unique<QPrinter>(QPrinter::HighResolution);
     QtBridge::applySetup(setup, *printer);
-    printer->setDocName(QStringLiteral("Quorrin Map Maker"));
+    printer->setDocName(qtText(jobName));
     QPrintDialog dialog(printer.get(), frontWidget());
     // Every print is a whole one; Qt offers a range of pages all the same.
     dialog.setOptions(QAbstractPrintDialog::PrintToFile | QAbstractPrintDialog::PrintShowPageSize);
