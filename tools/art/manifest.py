@@ -6,7 +6,7 @@ from pathlib import Path
 
 from . import Refusal
 
-# Kind of row -> number of picture names, and the folder of its drawings.
+# Kind of row -> number of picture names.
 NAMES_OF_KIND = {"object": 3, "terrain": 3, "border": 2, "page": 1, "grid": 1, "icon": 1, "cursor": 1}
 TILE = (56, 56)
 

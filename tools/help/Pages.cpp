@@ -56,9 +56,10 @@ std::string withPictures(const std::string& page, const fs::path& target)
         const auto& caption = parts(1);
         result += page.substr(rest, request.begin - opening.size() - rest);
         rest = request.end + closing.size();
-        if (fs::exists(target / "images" / name))
-            result += "<figure><img src=\"images/" + name + "\" alt=\"" + caption + "\"><figcaption>" + caption
-                      + "</figcaption></figure>";
+        if (!fs::exists(target / "images" / name))
+            throw std::runtime_error("a help page asks for a picture that is not made: " + name);
+        result += "<figure><img src=\"images/" + name + "\" alt=\"" + caption + "\"><figcaption>" + caption
+                  + "</figcaption></figure>";
     }
     return result + page.substr(rest);
 }
@@ -102,11 +103,8 @@ std::string objectsPage()
 
 void writeHelpPages(const fs::path& source, const fs::path& target)
 {
-    constexpr auto overwrite = fs::copy_options::overwrite_existing;
     fs::create_directories(target);
-    fs::copy(source / "help.css", target / "help.css", overwrite);
-    if (fs::exists(source / "images"))
-        fs::copy(source / "images", target / "images", overwrite | fs::copy_options::recursive);
+    fs::copy(source / "help.css", target / "help.css", fs::copy_options::overwrite_existing);
 
     const auto frame = read(source / "frame.html");
     for (const auto& entry : fs::directory_iterator(source))

@@ -149,7 +149,6 @@ void writeWindowPictures(const std::string& folder, const std::string& map)
     photographer.window("script-page");
     window.bbScriptTool.Push();
     window.btnCharacterTool.Push();
-    photographer.window("characters-page");
     photographer.modal(
         "character-editor", [&] { window.cvCharacters.Press(60, 100), window.cvCharacters.Release(60, 100); },
         [](Window&) {});
