@@ -7,6 +7,9 @@
 #include <QBuffer>
 
 #include <cstdlib>
+#include <filesystem>
+#include <stdexcept>
+#include <string>
 
 // Opening, saving and exporting.
 

@@ -5,7 +5,7 @@
 #include <spawn.h>
 #include <sys/wait.h>
 
-#include <stdexcept>
+#include <string>
 
 // What a person waits for: the start of the program and the object menu.
 

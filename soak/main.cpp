@@ -4,12 +4,12 @@
 #include "characters/frmCharacter.h"
 #include "document/Window1.h"
 #include "toolkit/Application.h"
-#include "toolkit/Numbers.h"
 #include "toolkit/Printing.h"
 #include "toolkit/Random.h"
 #include "toolkit/ScriptedPlatform.h"
 #include "userpicture/frmEditUserPicture.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>

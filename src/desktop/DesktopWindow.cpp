@@ -11,7 +11,7 @@
 #include <QMenuBar>
 #include <QScreen>
 #include <QScrollArea>
-#include <QScrollBar>
+#include <QStyle>
 #include <QTimer>
 #include <QWindow>
 

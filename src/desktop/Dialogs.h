@@ -6,7 +6,7 @@ class QWidget;
 
 namespace quorrin {
 
-// The dialogs of the platform, each over the window in front.
+// The dialogs of the platform, each over the window in front; what they return is told in toolkit/Platform.h.
 
 /// The window that the person looks at: the dialog that waits, else the main window; nil when none is shown.
 QWidget* frontWidget();

@@ -5,8 +5,9 @@
 
 #include "toolkit/QtBridge.h"
 
-#include <QMouseEvent>
+#include <QCursor>
 #include <QPainter>
+#include <QPixmap>
 #include <QStyle>
 #include <QStyleOptionButton>
 

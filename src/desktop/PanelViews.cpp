@@ -9,7 +9,6 @@
 #include <QStackedWidget>
 #include <QTabBar>
 #include <QTabWidget>
-#include <QWheelEvent>
 
 namespace quorrin {
 

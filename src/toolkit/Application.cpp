@@ -35,14 +35,11 @@ ScreenlessToolkit::ScreenlessToolkit(int& argc, char** argv)
 {
     qInstallMessageHandler(tellWarning);
     qputenv("QT_QPA_PLATFORM", "offscreen");
-    impl_ = new Impl(argc, argv);
+    impl_ = std::make_unique<Impl>(argc, argv);
     registerArt();
 }
 
-ScreenlessToolkit::~ScreenlessToolkit()
-{
-    delete impl_;
-}
+ScreenlessToolkit::~ScreenlessToolkit() = default;
 
 void registerArt()
 {

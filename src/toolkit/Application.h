@@ -3,6 +3,7 @@
 #include "toolkit/Files.h"
 #include "toolkit/Menu.h"
 
+#include <memory>
 #include <string>
 
 namespace quorrin {
@@ -32,7 +33,7 @@ public:
 
 private:
     struct Impl;
-    Impl* impl_;
+    std::unique_ptr<Impl> impl_;
 };
 
 /// Makes the pictures in the executable known; called by whoever sets up the toolkit.

@@ -7,8 +7,6 @@
 #include <QSaveFile>
 #include <QStandardPaths>
 
-#include <limits>
-
 namespace quorrin {
 
 namespace {

@@ -3,7 +3,6 @@
 #include "toolkit/QtBridge.h"
 
 #include <QFontMetricsF>
-#include <QGlyphRun>
 #include <QPainter>
 #include <QPainterPath>
 #include <QPolygonF>

@@ -61,8 +61,6 @@ public:
     void NextPage();
 
 private:
-    friend class Picture;
-    friend struct QtBridge;
     std::unique_ptr<GraphicsDevice> device_;
 };
 

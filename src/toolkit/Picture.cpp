@@ -59,10 +59,6 @@ bool claimsHonestSize(QSize size, qint64 fileBytes)
            && qint64(size.width()) * size.height() * 4 <= alwaysAllowedBytes + fileBytes * pixelBytesPerFileByte;
 }
 
-} // namespace
-
-namespace {
-
 /// A PNG without its texts, which may unpack to a thousand times their size and which nobody reads.
 QByteArray withoutTexts(const QByteArray& png)
 {

@@ -71,7 +71,6 @@ public:
     int Transparent = 0;
 
 private:
-    friend class quorrin::Graphics;
     friend class quorrin::RGBSurface;
     friend struct QtBridge;
     struct Pixels;

@@ -6,13 +6,16 @@
 
 #include <QFile>
 #include <QFileInfo>
+#include <QMap>
 #include <QPageLayout>
 #include <QPagedPaintDevice>
 #include <QPainter>
 #include <QPdfWriter>
 #include <QSaveFile>
 
+#include <algorithm>
 #include <cmath>
+#include <optional>
 
 namespace quorrin {
 
