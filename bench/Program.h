@@ -5,10 +5,7 @@
 #include "app/App.h"
 #include "toolkit/ScriptedPlatform.h"
 
-#include <filesystem>
-#include <string>
-
-/// The program as it stands after its start with one of the measured maps, and a folder of its own for files.
+/// The program as it stands after its start, with one of the measured maps and nobody at it.
 struct Program {
     explicit Program(Density density)
     {
@@ -17,10 +14,7 @@ struct Program {
         fillMap(window, density);
     }
 
-    struct BenchApp : quorrin::App {
-        void SetupPreferences() override {}
-    };
     quorrin::ScriptedPlatform person;
-    BenchApp app;
+    quorrin::UnattendedApp app;
     quorrin::Window1 window;
 };

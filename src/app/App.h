@@ -16,6 +16,11 @@ public:
     virtual void SetupPreferences();
 };
 
+/// The application with nobody at it: it leaves the person's preferences alone.
+class UnattendedApp : public App {
+    void SetupPreferences() override {}
+};
+
 /// Makes the main window's menu bar.
 Ref<MenuBar> MainMenuBar();
 

@@ -3,26 +3,10 @@
 
 namespace quorrin {
 
-namespace {
-
-using Standard = MenuItem::Standard;
-
-struct ItemRow {
-    const char* name;
-    const char* text;
-    const char* shortcut = "";
-    Standard standard = Standard::None;
-};
-
-struct MenuRow {
-    const char* name;
-    const char* text;
-    std::vector<ItemRow> items;
-};
-
-const std::vector<MenuRow>& mainMenus()
+Ref<MenuBar> MainMenuBar()
 {
-    static const std::vector<MenuRow> menus{
+    using Standard = MenuItem::Standard;
+    return menuBarOf({
         {"MainFileMenu",
          "&File",
          {
@@ -60,47 +44,23 @@ const std::vector<MenuRow>& mainMenus()
              {"mnuHelp", "Open Help File"},
              {"mnuAbout", "About...", "", Standard::About},
          }},
-    };
-    return menus;
-}
-
-} // namespace
-
-Ref<MenuBar> MainMenuBar()
-{
-    auto bar = New<MenuBar>();
-    for (const auto& menuRow : mainMenus()) {
-        auto menu = New<MenuItem>(menuRow.text);
-        menu->Name = menuRow.name;
-        for (const auto& row : menuRow.items) {
-            auto item = New<MenuItem>(row.text);
-            item->Name = row.name;
-            item->KeyboardShortcut = row.shortcut;
-            item->standard = row.standard;
-            menu->Append(item);
-        }
-        bar->Append(menu);
-    }
-    return bar;
+    });
 }
 
 void Window1::AddMenuHandlers()
 {
-    const auto add = [this](const char* name, bool (Window1::*action)()) {
-        AddMenuHandler(name, [this, action] { return (this->*action)(); });
-    };
-    add("mnuSavePicture", &Window1::_mnuSavePicture_Action);
-    add("mnuAbout", &Window1::_mnuAbout_Action);
-    add("mnuSave", &Window1::_mnuSave_Action);
-    add("mnuOpen", &Window1::_mnuOpen_Action);
-    add("mnuHelp", &Window1::_mnuHelp_Action);
-    add("mnuExportPictureSeries", &Window1::_mnuExportPictureSeries_Action);
-    add("mnuPrint", &Window1::_mnuPrint_Action);
-    add("mnPageSetup", &Window1::_mnPageSetup_Action);
-    add("mnuClearAllObjects", &Window1::_mnuClearAllObjects_Action);
-    add("mnuClearAllWalls", &Window1::_mnuClearAllWalls_Action);
-    add("mnuNew", &Window1::_mnuNew_Action);
-    add("mnuClearObjectCurLayer", &Window1::_mnuClearObjectCurLayer_Action);
+    AddMenuHandler("mnuSavePicture", &Window1::_mnuSavePicture_Action);
+    AddMenuHandler("mnuAbout", &Window1::_mnuAbout_Action);
+    AddMenuHandler("mnuSave", &Window1::_mnuSave_Action);
+    AddMenuHandler("mnuOpen", &Window1::_mnuOpen_Action);
+    AddMenuHandler("mnuHelp", &Window1::_mnuHelp_Action);
+    AddMenuHandler("mnuExportPictureSeries", &Window1::_mnuExportPictureSeries_Action);
+    AddMenuHandler("mnuPrint", &Window1::_mnuPrint_Action);
+    AddMenuHandler("mnPageSetup", &Window1::_mnPageSetup_Action);
+    AddMenuHandler("mnuClearAllObjects", &Window1::_mnuClearAllObjects_Action);
+    AddMenuHandler("mnuClearAllWalls", &Window1::_mnuClearAllWalls_Action);
+    AddMenuHandler("mnuNew", &Window1::_mnuNew_Action);
+    AddMenuHandler("mnuClearObjectCurLayer", &Window1::_mnuClearObjectCurLayer_Action);
 }
 
 /// Two commands stand enabled on their own tab only; the command for the current layer has no such rule.

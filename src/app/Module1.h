@@ -34,13 +34,13 @@ extern Ref<cCharacter> useThisCharacter;
 extern bool gSkipWallColor;
 
 /// Shows the page-setup dialog and keeps what was chosen, across runs too.
-void ShowPageSetup();
+void ShowPageSetup(); // Preferences.cpp
 /// Opens a page of the help in the system's browser.
-void OpenThisHelpFile(const std::string& fileName);
+void OpenThisHelpFile(const std::string& fileName); // Help.cpp
 /// The colour as the hexadecimal number RRGGBB with no leading zeros.
-std::string Color2HexString(Color color);
+std::string Color2HexString(Color color); // src/document/SquareText.cpp
 /// The colour of a hexadecimal text; of a longer number the lowest six digits.
-Color ColorFromHexString(const std::string& text);
+Color ColorFromHexString(const std::string& text); // src/document/SquareText.cpp
 
 } // namespace Module1
 

@@ -14,7 +14,6 @@ constexpr auto fileName = "QuorrinMapMaker.ini";
 // The one setting: the text of the page setup, in base-64 on a single line.
 constexpr auto pageSetupSection = "PageSetup";
 constexpr auto pageSetupKey = "Settings";
-constexpr std::size_t base64Line = 76;
 
 } // namespace
 
@@ -39,8 +38,7 @@ void Module1::ShowPageSetup()
     if (!setup.PageSetupDialog())
         return;
     myPrinterSetup->SetupString = setup.SetupString;
-    const auto lines = EncodeBase64(setup.SetupString, base64Line);
-    myINI->SetPreference(pageSetupSection, pageSetupKey, ReplaceAll(ReplaceAll(lines, "\n", ""), "\r", ""));
+    myINI->SetPreference(pageSetupSection, pageSetupKey, EncodeBase64(setup.SetupString, std::string::npos));
 }
 
 } // namespace quorrin

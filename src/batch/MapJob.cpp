@@ -22,11 +22,6 @@ namespace fs = std::filesystem;
 
 namespace {
 
-/// The application without a person: it leaves the preferences alone.
-class CompanionApp : public App {
-    void SetupPreferences() override {}
-};
-
 /// A folder beside the results in which they are made, so that they come into place whole and together.
 class Staging {
 public:
@@ -149,7 +144,7 @@ void runJob(const Request& request, const std::string& map)
             throw std::runtime_error("The result would replace the map itself.");
 
     ScriptedPlatform platform;
-    CompanionApp app;
+    UnattendedApp app;
     app.Event_Open();
     Window1 window;
     window.Event_Open();

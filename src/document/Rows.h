@@ -19,8 +19,10 @@ inline const Rows gridRows{"No Grid", "Solid Grid", "Blurry Grid", "Light Grey G
 inline const Rows visibleLayerRows{"All Layers", "Bottom Layer", "Top Layer"};
 inline const Rows objectLayerRows{"Bottom Layer", "Top Layer"};
 inline const Rows colorRows{"Color Translucent", "Color Solid", "B/W"};
-/// The row of colorRows in which menus and tokens show the objects.
+/// The rows of colorRows. Menus and tokens show the objects in solid color.
+inline constexpr std::int64_t translucentColor = 0;
 inline constexpr std::int64_t solidColor = 1;
+inline constexpr std::int64_t blackAndWhite = 2;
 
 /// The captions of all 144 objects in the order of their numbers, from the catalogue.
 const Rows& objectRows();

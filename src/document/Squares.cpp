@@ -6,7 +6,7 @@ namespace {
 
 constexpr int pitch = 62;
 /// How many squares the shorter side of a page holds; the longer holds all twelve.
-constexpr int shortSide = 8;
+constexpr int squaresOnShortSide = 8;
 
 /// Where the first square of a page stands, in page pixels. The two are no swap of one another.
 struct Origin {
@@ -22,7 +22,7 @@ void place(const Window1::Layer& squares, bool landscape)
     for (int i = 1; i <= Window1::columns; ++i) {
         for (int j = 1; j <= Window1::rows; ++j) {
             cSquare& square = *squares(i, j);
-            square.Visible = (landscape ? j : i) <= shortSide;
+            square.Visible = (landscape ? j : i) <= squaresOnShortSide;
             square.x = (i - 1) * pitch + origin.x;
             square.y = (j - 1) * pitch + origin.y;
         }

@@ -17,7 +17,7 @@ namespace quorrin {
 /// be done with both. This is the map of the application; each section's operations are defined in the folder named.
 class Window1 : public Window {
 public:
-    Window1();
+    Window1(); // src/app, as the next two
     ~Window1() override;
     /// The one main window. Raises NilObjectException when there is none.
     static Window1& Shared();
@@ -27,6 +27,9 @@ public:
     static constexpr int columns = 12;
     static constexpr int rows = 12;
     static constexpr int characters = 20;
+    /// The sides of a page in page pixels; landscape is longSide wide.
+    static constexpr int longSide = 756;
+    static constexpr int shortSide = 576;
     using Layer = Array2<Ref<cSquare>, columns>;
 
     /// The layers, addressed by column and row from 1; index 0 stays nil and is never read.
@@ -69,7 +72,8 @@ public:
     /// Asks for a file and writes the map to it; false when cancelled or when the file cannot be created. Raises
     /// IOException when it cannot be written to its end; the old file is whole then.
     bool mSave();
-    /// Replaces the map by that of the file, of the newest form or any older one. Nil re-renders the map.
+    /// Replaces the map by that of the file, of the newest form or any older one; nil re-renders the map. What
+    /// cannot be read as a map is told in a message, never raised.
     void mOpen(const Ref<FolderItem>& file);
     /// The whole text of the map file.
     std::string MapText();
@@ -179,7 +183,7 @@ public:
 
     // --- Output (src/output) -----------------------------------------------------------------------------------
 
-    /// Writes the page as it stands to a PNG file that the person names.
+    /// Writes the page as it stands to a PNG file that the person names. Raises IOException when it cannot be written.
     void mSavePicture();
     bool _mnuSavePicture_Action();
     bool _mnuExportPictureSeries_Action();

@@ -4,13 +4,6 @@
 
 namespace quorrin {
 
-namespace {
-
-constexpr int longSide = 756;
-constexpr int shortSide = 576;
-
-} // namespace
-
 void Window1::pmLandscape_Change()
 {
     const auto orientation = pmLandscape.ListIndex.get();

@@ -15,15 +15,15 @@ struct Stamp {
 };
 
 /// How an object maze, carved one row and one column too small, is stretched over the page: one row is doubled, then
-/// one column, and the frame that this broke is stamped shut.
+/// one column, each as far as its length says, and the frame that this broke is stamped shut.
 struct Stretch {
     int width;
     int height;
     int doubledRow;
-    int columnsOfRows;
+    int rowLength;
     Stamp rowStamps[2];
     int doubledColumn;
-    int rowsOfColumns;
+    int columnLength;
     Stamp columnStamps[2];
 };
 constexpr Stretch landscapeStretch{11, 7, 6, 11, {{1, 6}, {12, 6}}, 8, 8, {{8, 1}, {8, 8}}};
@@ -39,12 +39,12 @@ void layObjects(const Window1::Layer& squares, std::int64_t object)
 void stretch(const Window1::Layer& squares, const Stretch& how, std::int64_t object)
 {
     for (int y = how.height; y >= how.doubledRow; --y)
-        for (int x = 1; x <= how.columnsOfRows; ++x)
+        for (int x = 1; x <= how.rowLength; ++x)
             squares(x, y + 1)->thisObject = squares(x, y)->thisObject;
     for (const auto& [column, row] : how.rowStamps)
         squares(column, row)->thisObject = object;
     for (int x = how.width; x >= how.doubledColumn; --x)
-        for (int y = 1; y <= how.rowsOfColumns; ++y)
+        for (int y = 1; y <= how.columnLength; ++y)
             squares(x + 1, y)->thisObject = squares(x, y)->thisObject;
     for (const auto& [column, row] : how.columnStamps)
         squares(column, row)->thisObject = object;

@@ -102,7 +102,7 @@ bool Window1::_mnuExportPictureSeries_Action()
             Module1::gSkipWallColor = step.blackAndWhite;
             cbShowDMObjects.Value = step.showMarkers;
             pmBackground.ListIndex = step.blackAndWhite ? 0 : background;
-            pmColorBW.ListIndex = step.blackAndWhite ? 2 : colorMode;
+            pmColorBW.ListIndex = step.blackAndWhite ? blackAndWhite : colorMode;
             RenderMap(true);
             savePageAs(*this, seriesName(mySavedFileName, step));
         }

@@ -8,8 +8,8 @@
 
 namespace quorrin {
 
-/// Whether a picture goes on a page as it is, rather than turned by a quarter. All three in points; `width` is that
-/// of the picture in question.
+/// Whether a picture goes on a page as it is, rather than turned by a quarter. The page is in points, `width` of the
+/// picture in its own pixels; a pixel counts as a point.
 bool staysUpright(double pageWidth, double pageHeight, double width);
 
 /// A piece of the script that is drawn at once, each of its lines followed by a carriage return.

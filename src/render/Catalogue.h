@@ -40,7 +40,7 @@ struct CatalogueRow {
 
 /// Object numbers: 0 is "Blank", 1 to 123 the catalogue, 124 to 143 the character tokens.
 inline constexpr std::int64_t lastCatalogueObject = 123;
-inline constexpr std::int64_t lastObject = 143;
+inline constexpr std::int64_t lastObject = lastCatalogueObject + 20;
 
 /// The rows of the catalogue; the row of object n stands at n - 1.
 std::span<const CatalogueRow> catalogue();

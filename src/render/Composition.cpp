@@ -79,7 +79,7 @@ void drawMarkers(Graphics& g, const Window1& window)
 void Window1::RenderMap(bool includeUserPicture)
 {
     const bool portrait = pmLandscape.ListIndex != 0;
-    myImage = portrait ? New<Picture>(576, 756, 32) : New<Picture>(756, 576, 32);
+    myImage = portrait ? New<Picture>(shortSide, longSide, 32) : New<Picture>(longSide, shortSide, 32);
     auto& g = myImage->Graphics();
 
     drawBackground(g, pmBackground.ListIndex, portrait);
@@ -93,7 +93,7 @@ void Window1::RenderMap(bool includeUserPicture)
         drawObjects(g, *this, mySquares, pmColorBW.ListIndex);
     // The top layer is never translucent: that is how an object stands clear on the terrain below it.
     if (pmVisibleLayers.ListIndex != 1)
-        drawObjects(g, *this, mySquaresTop, pmColorBW.ListIndex == 2 ? 2 : 1);
+        drawObjects(g, *this, mySquaresTop, pmColorBW.ListIndex == blackAndWhite ? blackAndWhite : solidColor);
     drawWalls(g, *this);
     if (cbShowDMObjects.Value)
         drawMarkers(g, *this);

@@ -8,8 +8,6 @@ namespace quorrin {
 
 namespace {
 
-enum Mode : std::int64_t { Translucent = 0, Solid = 1, BlackAndWhite = 2 };
-
 /// Sets the picture up for the mode and returns it. The shared pictures keep `Mask` and `Transparent` afterwards; the
 /// two modes that need them set both.
 const Ref<Picture>& artInMode(const CatalogueRow& row, std::int64_t mode)
@@ -17,15 +15,15 @@ const Ref<Picture>& artInMode(const CatalogueRow& row, std::int64_t mode)
     if (row.departure == Departure::Plain)
         return row.color();
     switch (mode) {
-    case Translucent:
+    case translucentColor:
         row.color()->Mask = row.mask();
         return row.color();
-    case Solid:
+    case solidColor:
         row.color()->Mask = nullptr;
         if (row.departure != Departure::SolidKeepsWhite)
             row.color()->Transparent = 1;
         return row.color();
-    case BlackAndWhite:
+    case blackAndWhite:
         if (row.departure != Departure::WhiteCoversInBW)
             row.blackAndWhite()->Transparent = 1;
         return row.blackAndWhite();
@@ -64,7 +62,7 @@ void drawFigure(Graphics& g, const cCharacter& token, std::int64_t mode, double 
     if (token.IconData.empty() || !token.Icon)
         return;
     auto figure = token.Icon;
-    if (mode == Translucent) {
+    if (mode == translucentColor) {
         figure = token.Icon->Flattened();
         figure->Transparent = 1;
     }

@@ -178,7 +178,7 @@ public:
     PopupMenu(const Place& place, const Frame& frame, std::vector<std::string> rows, void (W::*change)())
         : PopupMenu(place, frame, std::move(rows), handler(place, change))
     {}
-    /// One that nothing happens to until its value is read.
+    /// One whose rows nobody watches: its value is read when it is needed.
     PopupMenu(const Place& place, const Frame& frame, std::vector<std::string> rows)
         : PopupMenu(place, frame, std::move(rows), std::function<void()>())
     {}

@@ -51,4 +51,20 @@ private:
 /// A menu bar: an item whose entries are the menus.
 using MenuBar = MenuItem;
 
+/// The table of a menu bar: the menus with their entries, each with what a MenuItem says of itself.
+struct MenuRow {
+    const char* name;
+    const char* text;
+    const char* shortcut = "";
+    MenuItem::Standard standard = MenuItem::Standard::None;
+};
+struct MenuTable {
+    const char* name;
+    const char* text;
+    std::vector<MenuRow> rows;
+};
+
+/// Makes a new menu bar of its table.
+Ref<MenuBar> menuBarOf(const std::vector<MenuTable>& menus);
+
 } // namespace quorrin

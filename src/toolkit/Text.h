@@ -63,7 +63,8 @@ std::string Lowercase(std::string_view text);
 /// The text with every occurrence replaced.
 std::string ReplaceAll(std::string_view text, std::string_view wanted, std::string_view replacement);
 
-/// Standard base-64, broken into lines of `lineLength` characters with CR LF between them, none at the end.
+/// Standard base-64, broken into lines of `lineLength` characters with CR LF between them, none at the end;
+/// npos leaves it whole.
 std::string EncodeBase64(std::string_view bytes, std::size_t lineLength);
 
 /// The bytes of a base-64 text; line breaks and all else outside the alphabet are skipped.

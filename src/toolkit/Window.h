@@ -56,8 +56,13 @@ public:
     /// Called before a menu is shown; sets `Enabled` of the items that depend on something.
     virtual void Event_EnableMenuItems() {}
 
-    /// Binds the item of that name in the menu bar; a name that no item bears does no harm.
-    void AddMenuHandler(const std::string& name, std::function<bool()> action) { handlers_[name] = std::move(action); }
+    /// Binds the item of that name in the menu bar to an operation of the window; a name that no item bears does no
+    /// harm.
+    template <typename W>
+    void AddMenuHandler(const std::string& name, bool (W::*action)())
+    {
+        handlers_[name] = [window = static_cast<W*>(this), action] { return (window->*action)(); };
+    }
     /// Whether something is bound to the name.
     bool HandlesMenu(const std::string& name) const { return handlers_.contains(name); }
     /// What choosing an enabled item does; true when the command was handled.

@@ -12,34 +12,26 @@ namespace {
 Ref<MenuBar> mbUserPict()
 {
     using Standard = MenuItem::Standard;
-    const auto bar = New<MenuBar>();
-    const auto addMenu = [&](const char* name, const char* text) {
-        auto menu = New<MenuItem>(text);
-        menu->Name = name;
-        bar->Append(menu);
-        return menu;
-    };
-    const auto add = [](const Ref<MenuItem>& menu, const char* name, const char* text, const char* shortcut = "",
-                        Standard standard = Standard::None) {
-        auto item = New<MenuItem>(text);
-        item->Name = name;
-        item->KeyboardShortcut = shortcut;
-        item->standard = standard;
-        menu->Append(item);
-    };
-    const auto file = addMenu("FileMenu", "&File");
-    add(file, "mnuOpenUserPicture", "Open Picture", "Cmd+O");
-    const auto edit = addMenu("EditMenu", "&Edit");
-    add(edit, "mnUPEditUndo", "&Undo", "Cmd+Z");
-    add(edit, "mnuClearDrawing", "Clear User Picture");
-    add(edit, "EditSeparator1", "-");
-    add(edit, "EditCut", "Cu&t", "Cmd+X", Standard::Cut);
-    add(edit, "EditCopy", "&Copy", "Cmd+C", Standard::Copy);
-    add(edit, "EditPaste", "&Paste", "Cmd+V", Standard::Paste);
-    add(edit, "EditClear", "&Delete", "", Standard::Delete);
-    add(edit, "EditSeparator2", "-");
-    add(edit, "EditSelectAll", "Select &All", "Cmd+A", Standard::SelectAll);
-    return bar;
+    return menuBarOf({
+        {"FileMenu",
+         "&File",
+         {
+             {"mnuOpenUserPicture", "Open Picture", "Cmd+O"},
+         }},
+        {"EditMenu",
+         "&Edit",
+         {
+             {"mnUPEditUndo", "&Undo", "Cmd+Z"},
+             {"mnuClearDrawing", "Clear User Picture"},
+             {"EditSeparator1", "-"},
+             {"EditCut", "Cu&t", "Cmd+X", Standard::Cut},
+             {"EditCopy", "&Copy", "Cmd+C", Standard::Copy},
+             {"EditPaste", "&Paste", "Cmd+V", Standard::Paste},
+             {"EditClear", "&Delete", "", Standard::Delete},
+             {"EditSeparator2", "-"},
+             {"EditSelectAll", "Select &All", "Cmd+A", Standard::SelectAll},
+         }},
+    });
 }
 
 } // namespace
@@ -58,14 +50,11 @@ frmEditUserPicture::frmEditUserPicture() : Window(Kind::Modal, "Edit User Pictur
     PopupMenu1.AccessibleName = "Color";
     PopupMenu2.AccessibleName = "Pen width";
     MenuBar = mbUserPict();
-    const auto add = [this](const char* name, bool (frmEditUserPicture::*action)()) {
-        AddMenuHandler(name, [this, action] { return (this->*action)(); });
-    };
-    add("mnuOpenUserPicture", &frmEditUserPicture::_mnuOpenUserPicture_Action);
-    add("mnUPEditUndo", &frmEditUserPicture::_mnUPEditUndo_Action);
-    add("mnuClearDrawing", &frmEditUserPicture::_mnuClearDrawing_Action);
+    AddMenuHandler("mnuOpenUserPicture", &frmEditUserPicture::_mnuOpenUserPicture_Action);
+    AddMenuHandler("mnUPEditUndo", &frmEditUserPicture::_mnUPEditUndo_Action);
+    AddMenuHandler("mnuClearDrawing", &frmEditUserPicture::_mnuClearDrawing_Action);
     // No item of this bar bears the name; the handler waits for one.
-    add("mnuSavePicture", &frmEditUserPicture::_mnuSavePicture_Action);
+    AddMenuHandler("mnuSavePicture", &frmEditUserPicture::_mnuSavePicture_Action);
 }
 
 void frmEditUserPicture::Event_Open()

@@ -114,7 +114,7 @@ void saveObjects(Window1& window, const std::string& path)
     const Folder folder(path);
     for (std::int64_t object = 1; object <= lastCatalogueObject; ++object) {
         folder.save(Str(object), window.DrawObject(object, solidColor));
-        folder.save(Str(object) + "-bw", window.DrawObject(object, 2));
+        folder.save(Str(object) + "-bw", window.DrawObject(object, blackAndWhite));
     }
 }
 

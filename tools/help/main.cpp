@@ -13,11 +13,6 @@
 
 namespace {
 
-/// The application without a person: it leaves the preferences alone.
-class HelpApp : public quorrin::App {
-    void SetupPreferences() override {}
-};
-
 /// A screen that nobody sees, large enough for every window.
 class UnseenScreen {
 public:
@@ -51,7 +46,7 @@ int main(int argc, char** argv)
         int qtArguments = 1;
         const QApplication qt(qtArguments, argv);
         quorrin::setUpDesktop();
-        HelpApp().Event_Open();
+        quorrin::UnattendedApp().Event_Open();
         const std::string map = argv[2];
         const std::string pictures = std::string(argv[3]) + "/images";
         quorrin::writeHelpPictures(pictures, map);
