@@ -18,16 +18,6 @@
 
 namespace quorrin {
 
-DesktopPlatform::DesktopPlatform()
-{
-    setPlatform(this);
-}
-
-DesktopPlatform::~DesktopPlatform()
-{
-    setPlatform(nullptr);
-}
-
 MessageDialog::Answer DesktopPlatform::Ask(const MessageDialog& dialog)
 {
     return askPerson(dialog);

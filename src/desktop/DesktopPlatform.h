@@ -4,12 +4,9 @@
 
 namespace quorrin {
 
-/// The platform with a person before it. It is the platform while it lives.
+/// The platform with a person before it.
 class DesktopPlatform : public Platform {
 public:
-    DesktopPlatform();
-    ~DesktopPlatform() override;
-
     MessageDialog::Answer Ask(const MessageDialog& dialog) override;
     void MsgBox(const std::string& message) override;
     bool SelectColor(Color& color, const std::string& prompt) override;

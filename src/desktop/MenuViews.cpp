@@ -48,6 +48,19 @@ QKeySequence shortcut(const std::string& text)
     return QKeySequence(keys.replace(QLatin1String("Cmd+"), QLatin1String("Ctrl+")));
 }
 
+/// Where a system has an application menu, these two stand in it; all others stay where they are.
+QAction::MenuRole menuRole(MenuItem::Standard standard)
+{
+    switch (standard) {
+    case MenuItem::Standard::Quit:
+        return QAction::QuitRole;
+    case MenuItem::Standard::About:
+        return QAction::AboutRole;
+    default:
+        return QAction::NoRole;
+    }
+}
+
 } // namespace
 
 std::optional<QPoint> PopUpPlace::current_;
@@ -96,7 +109,7 @@ void MenuBarView::addItems(const MenuItem& menu, QMenu& widget)
             QAction* action = widget.addAction(qtText(item->Text));
             action->setObjectName(qtText(item->Name));
             action->setShortcut(shortcut(item->KeyboardShortcut));
-            action->setMenuRole(QAction::NoRole);
+            action->setMenuRole(menuRole(item->standard));
             connect(action, &QAction::triggered, this, [this, item] { choose(*item); });
             actions_.emplace_back(action, item);
         }

@@ -2,6 +2,8 @@
 
 #include "toolkit/Graphics.h"
 
+#include <utility>
+
 namespace quorrin {
 
 namespace {
@@ -15,9 +17,12 @@ Platform& platform()
     return *thePlatform;
 }
 
-void setPlatform(Platform* platform)
+Platform::Platform() : before_(std::exchange(thePlatform, this))
+{}
+
+Platform::~Platform()
 {
-    thePlatform = platform;
+    thePlatform = before_;
 }
 
 MessageDialog::Answer MessageDialog::ShowModal() const

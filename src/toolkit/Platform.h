@@ -43,10 +43,14 @@ struct PrinterSetup {
 };
 
 /// Everything that asks, shows or reaches outside the program. The desktop has the real one, the tests and the
-/// command-line companion have scripted ones; nothing else blocks or asks.
+/// command-line companion have scripted ones; nothing else blocks or asks. The one made last is the platform while it
+/// lives.
 class Platform {
 public:
-    virtual ~Platform() = default;
+    Platform();
+    virtual ~Platform();
+    Platform(const Platform&) = delete;
+    Platform& operator=(const Platform&) = delete;
 
     virtual MessageDialog::Answer Ask(const MessageDialog& dialog) = 0;
     /// Shows one sentence until the person has read it.
@@ -70,11 +74,13 @@ public:
 
     /// Whether the press that is being handled asks for a contextual menu.
     bool IsContextualClick = false;
+
+private:
+    Platform* before_;
 };
 
-/// The platform that the program runs on. Raises NilObjectException before one is set.
+/// The platform that the program runs on. Raises NilObjectException when there is none.
 Platform& platform();
-void setPlatform(Platform* platform);
 
 // The same by the short names that the program uses.
 void MsgBox(const std::string& message);

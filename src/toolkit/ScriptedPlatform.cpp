@@ -4,16 +4,6 @@
 
 namespace quorrin {
 
-ScriptedPlatform::ScriptedPlatform()
-{
-    setPlatform(this);
-}
-
-ScriptedPlatform::~ScriptedPlatform()
-{
-    setPlatform(nullptr);
-}
-
 MessageDialog::Answer ScriptedPlatform::Ask(const MessageDialog& dialog)
 {
     questions.push_back(dialog.Message);

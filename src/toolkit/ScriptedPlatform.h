@@ -10,12 +10,9 @@
 namespace quorrin {
 
 /// A platform that nobody sits at: every question is answered by a function, and what has none is cancelled.
-/// All that was said and asked is kept to be looked at. It is the platform while it lives.
+/// All that was said and asked is kept to be looked at.
 class ScriptedPlatform : public Platform {
 public:
-    ScriptedPlatform();
-    ~ScriptedPlatform() override;
-
     std::function<MessageDialog::Answer(const MessageDialog&)> ask;
     std::function<bool(Color&)> selectColor;
     std::function<Ref<FolderItem>(const FileFilter&)> open;
