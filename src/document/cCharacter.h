@@ -13,7 +13,7 @@ namespace quorrin {
 class cCharacter {
 public:
     /// How many pixels of a figure are kept: four times as many each way as a token has.
-    static constexpr std::int64_t mostIconPixels = 240 * 400;
+    static constexpr std::int64_t mostIconPixels = std::int64_t{240} * 400;
 
     /// The picture at the size at which it was loaded; nil for none.
     Ref<Picture> Icon;

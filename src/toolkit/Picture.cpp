@@ -296,7 +296,7 @@ Ref<Picture> Picture::FromData(const std::string& bytes, std::int64_t mostPixels
     const QImage image = reader.read();
     if (image.isNull())
         return nullptr;
-    const auto picture = QtBridge::picture(image);
+    auto picture = QtBridge::picture(image);
     if (pixels > double(mostPixels)) {
         picture->pixels_->width = turned ? size.height() : size.width();
         picture->pixels_->height = turned ? size.width() : size.height();
@@ -307,7 +307,7 @@ Ref<Picture> Picture::FromData(const std::string& bytes, std::int64_t mostPixels
 Ref<Picture> Picture::Flattened()
 {
     const QImage seen = QtBridge::drawnImage(*this);
-    const auto flat = New<Picture>(Width(), Height(), 32);
+    auto flat = New<Picture>(Width(), Height(), 32);
     if (!seen.isNull()) {
         QImage& image = flat->pixels_->image = QImage(seen.size(), QImage::Format_RGB32);
         image.fill(Qt::white);
@@ -366,7 +366,7 @@ QImage QtBridge::drawnImage(Picture& picture)
 Ref<Picture> QtBridge::picture(QImage image)
 {
     const bool clear = image.hasAlphaChannel();
-    const auto picture =
+    auto picture =
         clear ? New<Picture>(image.width(), image.height()) : New<Picture>(image.width(), image.height(), 32);
     image.setDevicePixelRatio(1);
     image.setColorSpace({});
