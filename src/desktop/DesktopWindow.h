@@ -16,7 +16,7 @@ namespace quorrin {
 
 /// A toolkit window on the screen, built from its controls: any window, with nothing in here about one of them.
 /// The content has the window's own size; where the screen is smaller, it scrolls.
-class DesktopWindow : public QMainWindow, public WindowView {
+class DesktopWindow final : public QMainWindow, public WindowView {
 public:
     explicit DesktopWindow(Window& window, QWidget* parent = nullptr);
     ~DesktopWindow() override;

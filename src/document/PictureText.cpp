@@ -13,7 +13,7 @@ Ref<Picture> Window1::ConvertDataToPicture(const std::string& text)
 {
     if (Trim(text).empty())
         return nullptr;
-    const auto picture = Picture::FromData(DecodeBase64(text));
+    auto picture = Picture::FromData(DecodeBase64(text));
     // The file keeps the drawing flattened on white; this lets the map show through again.
     if (picture)
         picture->Transparent = 1;

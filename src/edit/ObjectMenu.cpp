@@ -19,7 +19,7 @@ constexpr int iconSize = 32;
 
 Ref<Picture> menuIcon(const Ref<Picture>& tile)
 {
-    const auto icon = New<Picture>(iconSize, iconSize);
+    auto icon = New<Picture>(iconSize, iconSize);
     icon->Graphics().DrawPicture(tile, 0, 0, iconSize, iconSize, 0, 0, tile->Width(), tile->Height());
     return icon;
 }
