@@ -19,7 +19,7 @@ namespace quorrin {
 
 namespace {
 
-/// The folder of the last file dialog, at first that of documents.
+/// The folder of the last file that was chosen or handed over, at first that of documents.
 QString& lastFolder()
 {
     static QString folder;
@@ -49,7 +49,8 @@ QString nameFilter(const FileFilter& filter)
 }
 
 /// A dialog that gives the typed name an extension when it has none of the filter's. Qt's own way adds none to
-/// "Dark.Cave", which no open dialog would list then.
+/// "Dark.Cave", which no open dialog would list then. Quotation marks become single ones, as Qt takes what stands
+/// between them for a list of names.
 class SaveDialog : public QFileDialog {
 public:
     SaveDialog(QWidget* parent, QStringList extensions)
@@ -61,9 +62,13 @@ public:
 protected:
     void accept() override
     {
-        auto* name = findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
-        if (name && isWithoutExtension(name->text()))
-            name->setText(name->text() + extensions_.constFirst());
+        if (auto* name = findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))) {
+            name->setText(name->text().replace('"', '\''));
+            if (extensions_.contains(name->text().trimmed(), Qt::CaseInsensitive))
+                return;
+            if (isWithoutExtension(name->text()))
+                name->setText(name->text() + extensions_.constFirst());
+        }
         QFileDialog::accept();
     }
 
@@ -90,11 +95,17 @@ Ref<FolderItem> chosenFile(QFileDialog& dialog, const FileFilter& filter, const 
         dialog.selectFile(name);
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
         return nullptr;
-    lastFolder() = dialog.directory().absolutePath();
-    return New<FolderItem>(QFile::encodeName(dialog.selectedFiles().constFirst()).toStdString());
+    auto file = New<FolderItem>(QFile::encodeName(dialog.selectedFiles().constFirst()).toStdString());
+    rememberFolderOf(*file);
+    return file;
 }
 
 } // namespace
+
+void rememberFolderOf(const FolderItem& file)
+{
+    lastFolder() = QFileInfo(QFile::decodeName(QByteArray::fromStdString(file.Path()))).absolutePath();
+}
 
 QWidget* frontWidget()
 {

@@ -14,6 +14,8 @@ QWidget* frontWidget();
 MessageDialog::Answer askPerson(const MessageDialog& question);
 void showMessage(const std::string& message);
 bool selectColor(Color& color, const std::string& prompt);
+/// File dialogs start in the folder of this file from now on.
+void rememberFolderOf(const FolderItem& file);
 Ref<FolderItem> openFileDialog(const FileFilter& filter);
 /// Proposes a name, adds that name's extension (or else the filter's first) to what the person types without one, and
 /// asks before an existing file is replaced.

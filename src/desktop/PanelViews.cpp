@@ -42,10 +42,15 @@ private:
     const QWidget* page_;
 };
 
-/// Leaves the mouse wheel to the window, as popups do.
+/// Leaves the mouse wheel to the window, as popups do. A tab takes the focus when it is pressed: else it would pass
+/// from a control of the page that goes to some other of the window, and a small screen would scroll there.
 class Tabs : public QTabWidget {
 public:
-    explicit Tabs(QWidget* parent) : QTabWidget(parent) { tabBar()->installEventFilter(this); }
+    explicit Tabs(QWidget* parent) : QTabWidget(parent)
+    {
+        tabBar()->installEventFilter(this);
+        tabBar()->setFocusPolicy(Qt::StrongFocus);
+    }
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override

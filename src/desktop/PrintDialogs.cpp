@@ -5,6 +5,7 @@
 #include "toolkit/Printing.h"
 #include "toolkit/QtBridge.h"
 
+#include <QComboBox>
 #include <QFile>
 #include <QPageSetupDialog>
 #include <QPrintDialog>
@@ -23,6 +24,22 @@ bool pageSetupDialog(PrinterSetup& setup)
     return true;
 }
 
+namespace {
+
+/// A PDF file is in color whatever Qt's dialog offers.
+void offerColorModeToPrintersOnly(QPrintDialog& dialog, const QPrinter& printer)
+{
+    auto* colorMode = dialog.findChild<QWidget*>("colorMode");
+    auto* printers = dialog.findChild<QComboBox*>("printers");
+    if (!colorMode || !printers)
+        return;
+    const auto offer = [=, &printer] { colorMode->setEnabled(printer.outputFormat() == QPrinter::NativeFormat); };
+    QObject::connect(printers, &QComboBox::currentIndexChanged, &dialog, offer);
+    offer();
+}
+
+} // namespace
+
 std::unique_ptr<Graphics> printerDialog(const PrinterSetup& setup, const std::string& jobName)
 {
     auto printer = std::make_unique<QPrinter>(QPrinter::HighResolution);
@@ -34,6 +51,7 @@ std::unique_ptr<Graphics> printerDialog(const PrinterSetup& setup, const std::st
     for (const char* choice : {"gbPrintRange", "reverse"})
         if (auto* widget = dialog.findChild<QWidget*>(choice))
             widget->setEnabled(false);
+    offerColorModeToPrintersOnly(dialog, *printer);
     if (dialog.exec() != QDialog::Accepted)
         return nullptr;
     const int copies = printer->copyCount();

@@ -1,6 +1,7 @@
 #include "app/App.h"
 #include "desktop/DesktopPlatform.h"
 #include "desktop/DesktopWindow.h"
+#include "desktop/Dialogs.h"
 #include "desktop/LastResort.h"
 #include "document/Window1.h"
 
@@ -11,6 +12,14 @@
 namespace {
 
 using namespace quorrin;
+
+/// The map opens as soon as the window can, and its folder is where file dialogs start.
+void handOver(App& app, const std::string& path)
+{
+    const auto file = New<FolderItem>(path);
+    rememberFolderOf(*file);
+    app.Event_OpenDocument(file);
+}
 
 /// Takes the files that the system hands over while the program runs.
 class HandedOver : public QObject {
@@ -23,7 +32,7 @@ protected:
         if (event->type() != QEvent::FileOpen)
             return QObject::eventFilter(watched, event);
         const QByteArray path = QFile::encodeName(static_cast<QFileOpenEvent*>(event)->file());
-        guarded([&] { app_.Event_OpenDocument(New<FolderItem>(path.toStdString())); });
+        guarded([&] { handOver(app_, path.toStdString()); });
         return true;
     }
 
@@ -44,7 +53,7 @@ int main(int argc, char** argv)
     App app;
     guarded([&] { app.Event_Open(); });
     if (argc > 1)
-        app.Event_OpenDocument(New<FolderItem>(argv[1]));
+        handOver(app, argv[1]);
     const HandedOver handedOver(app);
     QApplication::setQuitOnLastWindowClosed(app.AutoQuit);
 

@@ -190,6 +190,7 @@ std::unique_ptr<Graphics> printToPdf(const std::string& path, const PrinterSetup
                           + "\" cannot be created: " + file->errorString().toStdString());
     auto writer = std::make_unique<QPdfWriter>(file.get());
     writer->setCreator(QStringLiteral("Quorrin Map Maker"));
+    writer->setTitle(QFileInfo(file->fileName()).completeBaseName());
     writer->setPageMargins({28, 28, 28, 28}, QPageLayout::Point);
     QtBridge::applySetup(setup, *writer);
     auto graphics =

@@ -240,13 +240,16 @@ TEST_F(MainWindow, QuestionsAreAnsweredByEscapeAndReturn)
         save.emplace([&](QFileDialog& dialog) {
             EXPECT_EQ(dialog.nameFilters(), QStringList("Quorrin Maker Maker (*.qrnm)"));
             auto* name = dialog.findChild<QLineEdit*>("fileNameEdit");
-            name->setText(QString::fromStdString(folder / "Dark.Cäve"));
+            name->setText(".qrnm");
+            QTest::keyClick(name, Qt::Key_Return);
+            EXPECT_TRUE(dialog.isVisible()) << "an extension is no name";
+            name->setText(QString::fromStdString(folder / "Dark.\"Cäve\""));
             QTest::keyClick(name, Qt::Key_Return);
         });
         QTest::keyClick(&box, Qt::Key_Return);
     });
     EXPECT_TRUE(view.close());
-    EXPECT_EQ(contentOf(folder / "Dark.Cäve.qrnm"), window.MapText());
+    EXPECT_EQ(contentOf(folder / "Dark.'Cäve'.qrnm"), window.MapText());
     EXPECT_EQ(view.windowTitle(), "Quorrin Map Maker - Dark[*]");
 }
 
@@ -283,6 +286,10 @@ TEST_F(MainWindow, OnASmallScreenTheContentScrolls)
     const int lastSquareEnds = 326 + 7 + 11 * 62 + 61;
     EXPECT_GE(scroll->horizontalScrollBar()->value() + scroll->viewport()->width(), lastSquareEnds);
     scroll->horizontalScrollBar()->setValue(0);
+    widgetOf<QWidget>(window.cbOverlayUserPict).setFocus();
+    person.click(164, 33);
+    EXPECT_EQ(window.TabPanel1.Value, 2);
+    EXPECT_EQ(scroll->horizontalScrollBar()->value(), 0);
     window.btnCharacterTool.Push();
     widgetOf<QWidget>(window.btnSaveCharacters).setFocus();
     person.key(Qt::Key_Tab); // to the other button
