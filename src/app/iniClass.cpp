@@ -3,7 +3,6 @@
 #include "toolkit/Errors.h"
 #include "toolkit/Text.h"
 
-#include <optional>
 #include <string_view>
 
 namespace quorrin {
@@ -22,15 +21,6 @@ Cut cutBehind(std::string_view text, std::string_view mark)
     const auto found = text.find(mark);
     const auto end = found == text.npos ? text.size() : found + mark.size();
     return {text.substr(0, end), text.substr(end)};
-}
-
-/// Nothing when the file is not there or cannot be read: that counts as no preference, and nobody is told.
-std::optional<std::string> readText(const Ref<FolderItem>& file)
-try {
-    const auto stream = TextInputStream::Open(file);
-    return stream ? std::optional(stream->ReadAll()) : std::nullopt;
-} catch (const IOException&) {
-    return {};
 }
 
 /// The text of a file with the value put in.
@@ -65,7 +55,8 @@ std::string withValue(std::string_view text, const std::string& section, const s
 std::int64_t iniClass::GetPreference(const std::string& section, const std::string& key, std::string& value) const
 {
     value.clear();
-    const auto text = readText(iniFileName);
+    // A file that cannot be read counts as one without preferences, and nobody is told.
+    const auto text = readFile(iniFileName);
     if (!text)
         return 0;
     const auto header = text->find("[" + section + "]" + lineEnd);
@@ -85,7 +76,7 @@ std::int64_t iniClass::GetPreference(const std::string& section, const std::stri
 /// The stream replaces the file as a whole, so the old one is there until the new one is.
 void iniClass::SetPreference(const std::string& section, const std::string& key, const std::string& value) const
 {
-    const auto text = iniFileName->Exists() ? readText(iniFileName) : std::string();
+    const auto text = iniFileName->Exists() ? readFile(iniFileName) : std::string();
     if (!text)
         return;
     try {

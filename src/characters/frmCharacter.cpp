@@ -51,10 +51,11 @@ void frmCharacter::Canvas2_Paint(Graphics& g)
 void frmCharacter::PushButton1_Action()
 {
     if (const auto file = GetOpenFolderItem({FileTypes1::AllImages})) {
-        useThisCharacter->Icon = Picture::Open(file, cCharacter::mostIconPixels);
+        const auto bytes = readFile(file);
+        useThisCharacter->Icon = bytes ? Picture::FromData(*bytes, cCharacter::mostIconPixels) : nullptr;
         // After a failure IconData keeps the earlier picture, though none shows: saving and reopening brings it back.
         if (useThisCharacter->Icon)
-            useThisCharacter->IconData = TextInputStream::Open(file)->ReadAll();
+            useThisCharacter->IconData = *bytes;
         else
             MsgBox("Error Opening Picture.");
     }

@@ -1,11 +1,13 @@
 #include "desktop/Dialogs.h"
 
+#include "desktop/DesktopPlatform.h"
 #include "desktop/QtText.h"
+
+#include "toolkit/QtBridge.h"
 
 #include <QApplication>
 #include <QColorDialog>
 #include <QDir>
-#include <QFile>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QLineEdit>
@@ -95,7 +97,7 @@ Ref<FolderItem> chosenFile(QFileDialog& dialog, const FileFilter& filter, const 
         dialog.selectFile(name);
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
         return nullptr;
-    auto file = New<FolderItem>(QFile::encodeName(dialog.selectedFiles().constFirst()).toStdString());
+    auto file = New<FolderItem>(QtBridge::plainPath(dialog.selectedFiles().constFirst()));
     rememberFolderOf(*file);
     return file;
 }
@@ -104,7 +106,7 @@ Ref<FolderItem> chosenFile(QFileDialog& dialog, const FileFilter& filter, const 
 
 void rememberFolderOf(const FolderItem& file)
 {
-    lastFolder() = QFileInfo(QFile::decodeName(QByteArray::fromStdString(file.Path()))).absolutePath();
+    lastFolder() = QFileInfo(QtBridge::qtPath(file.Path())).absolutePath();
 }
 
 QWidget* frontWidget()
@@ -117,7 +119,7 @@ QWidget* frontWidget()
     return nullptr;
 }
 
-MessageDialog::Answer askPerson(const MessageDialog& question)
+MessageDialog::Answer DesktopPlatform::Ask(const MessageDialog& question)
 {
     using Answer = MessageDialog::Answer;
     QMessageBox box(frontWidget());
@@ -139,7 +141,7 @@ MessageDialog::Answer askPerson(const MessageDialog& question)
     return alternate && box.clickedButton() == alternate ? Answer::Alternate : Answer::Cancel;
 }
 
-void showMessage(const std::string& message)
+void DesktopPlatform::MsgBox(const std::string& message)
 {
     QMessageBox box(frontWidget());
     box.setTextFormat(Qt::PlainText);
@@ -147,7 +149,7 @@ void showMessage(const std::string& message)
     box.exec();
 }
 
-bool selectColor(Color& color, const std::string& prompt)
+bool DesktopPlatform::SelectColor(Color& color, const std::string& prompt)
 {
     QColorDialog dialog(QColor(color.red, color.green, color.blue), frontWidget());
     dialog.setOption(QColorDialog::DontUseNativeDialog);
@@ -158,14 +160,16 @@ bool selectColor(Color& color, const std::string& prompt)
     return true;
 }
 
-Ref<FolderItem> openFileDialog(const FileFilter& filter)
+Ref<FolderItem> DesktopPlatform::GetOpenFolderItem(const FileFilter& filter)
 {
     QFileDialog dialog(frontWidget(), QStringLiteral("Open"));
     dialog.setFileMode(QFileDialog::ExistingFile);
     return chosenFile(dialog, filter);
 }
 
-Ref<FolderItem> saveFileDialog(const FileFilter& filter, const std::string& defaultName)
+/// Proposes a name, adds that name's extension (or else the filter's first) to what the person types without one, and
+/// asks before an existing file is replaced.
+Ref<FolderItem> DesktopPlatform::GetSaveFolderItem(const FileFilter& filter, const std::string& defaultName)
 {
     const QString name = qtText(defaultName);
     QStringList extensions;

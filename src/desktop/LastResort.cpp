@@ -1,6 +1,6 @@
 #include "desktop/LastResort.h"
 
-#include "desktop/Dialogs.h"
+#include "toolkit/Platform.h"
 
 #include <QApplication>
 
@@ -34,7 +34,7 @@ void reportFault(const char* what)
         if (showing)
             return;
         showing = true;
-        showMessage("The last action could not be completed. Your map is still open, as it was.\n\n" + message);
+        platform().MsgBox("The last action could not be completed. Your map is still open, as it was.\n\n" + message);
         showing = false;
     };
     QMetaObject::invokeMethod(qApp, show, Qt::QueuedConnection);

@@ -1,5 +1,6 @@
 #include "desktop/MenuViews.h"
 
+#include "desktop/DesktopPlatform.h"
 #include "desktop/DesktopStyle.h"
 #include "desktop/Dialogs.h"
 #include "desktop/LastResort.h"
@@ -70,7 +71,7 @@ QPoint PopUpPlace::Current()
     return current_.value_or(QCursor::pos());
 }
 
-Ref<MenuItem> popUp(const MenuItem& base)
+Ref<MenuItem> DesktopPlatform::PopUp(const MenuItem& base)
 {
     Entries entries;
     QMenu menu(frontWidget());

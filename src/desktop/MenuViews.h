@@ -32,9 +32,6 @@ private:
     std::optional<QPoint> before_;
 };
 
-/// Shows the entries of `base` with their pictures and returns the one that the person chose, nil for none.
-Ref<MenuItem> popUp(const MenuItem& base);
-
 /// The menu bar of a window in a real one, and the state of its entries.
 class MenuBarView : public QObject {
 public:

@@ -1,19 +1,20 @@
+#include "desktop/DesktopPlatform.h"
 #include "desktop/Dialogs.h"
 #include "desktop/LastResort.h"
 #include "desktop/QtText.h"
 
 #include "toolkit/Printing.h"
 #include "toolkit/QtBridge.h"
+#include "toolkit/Window.h"
 
 #include <QComboBox>
-#include <QFile>
 #include <QPageSetupDialog>
 #include <QPrintDialog>
 #include <QPrinter>
 
 namespace quorrin {
 
-bool pageSetupDialog(PrinterSetup& setup)
+bool DesktopPlatform::PageSetupDialog(PrinterSetup& setup)
 {
     QPrinter printer(QPrinter::HighResolution);
     QtBridge::applySetup(setup, printer);
@@ -40,11 +41,12 @@ void offerColorModeToPrintersOnly(QPrintDialog& dialog, const QPrinter& printer)
 
 } // namespace
 
-std::unique_ptr<Graphics> printerDialog(const PrinterSetup& setup, const std::string& jobName)
+/// The window's title is what the queue of a printer shows, and the proposed name of a file.
+std::unique_ptr<Graphics> DesktopPlatform::OpenPrinterDialog(const PrinterSetup& setup, Window& parent)
 {
     auto printer = std::make_unique<QPrinter>(QPrinter::HighResolution);
     QtBridge::applySetup(setup, *printer);
-    printer->setDocName(qtText(jobName));
+    printer->setDocName(qtText(parent.Title));
     QPrintDialog dialog(printer.get(), frontWidget());
     // Every print is a whole one; Qt offers a range of pages all the same.
     dialog.setOptions(QAbstractPrintDialog::PrintToFile | QAbstractPrintDialog::PrintShowPageSize);
@@ -58,7 +60,7 @@ std::unique_ptr<Graphics> printerDialog(const PrinterSetup& setup, const std::st
     if (printer->outputFormat() == QPrinter::PdfFormat) {
         PrinterSetup chosen;
         QtBridge::readSetup(*printer, chosen);
-        return printToPdf(QFile::encodeName(printer->outputFileName()).toStdString(), chosen, copies,
+        return printToPdf(QtBridge::plainPath(printer->outputFileName()), chosen, copies,
                           [](const std::string& fault) { reportFault(fault.c_str()); });
     }
     // Each print makes its copies itself, or has its own reason to make one.

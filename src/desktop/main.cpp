@@ -4,9 +4,9 @@
 #include "desktop/Dialogs.h"
 #include "desktop/LastResort.h"
 #include "document/Window1.h"
+#include "toolkit/QtBridge.h"
 
 #include <QApplication>
-#include <QFile>
 #include <QFileOpenEvent>
 
 namespace {
@@ -31,8 +31,7 @@ protected:
     {
         if (event->type() != QEvent::FileOpen)
             return QObject::eventFilter(watched, event);
-        const QByteArray path = QFile::encodeName(static_cast<QFileOpenEvent*>(event)->file());
-        guarded([&] { handOver(app_, path.toStdString()); });
+        guarded([&] { handOver(app_, QtBridge::plainPath(static_cast<QFileOpenEvent*>(event)->file())); });
         return true;
     }
 

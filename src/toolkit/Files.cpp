@@ -1,5 +1,7 @@
 #include "toolkit/Files.h"
 
+#include "toolkit/QtBridge.h"
+
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
@@ -14,26 +16,26 @@ namespace {
 /// Beyond anything that the program reads; a larger file would only take the memory away.
 constexpr qint64 largestFile = 1 << 30;
 
-QString qtPath(const std::string& path)
+} // namespace
+
+QString QtBridge::qtPath(const std::string& path)
 {
     return QFile::decodeName(QByteArray::fromStdString(path));
 }
 
-std::string plainPath(const QString& path)
+std::string QtBridge::plainPath(const QString& path)
 {
     return QFile::encodeName(path).toStdString();
 }
 
-} // namespace
-
 std::string FolderItem::Name() const
 {
-    return plainPath(QFileInfo(qtPath(path_)).fileName());
+    return QtBridge::plainPath(QFileInfo(QtBridge::qtPath(path_)).fileName());
 }
 
 bool FolderItem::Exists() const
 {
-    return QFileInfo::exists(qtPath(path_));
+    return QFileInfo::exists(QtBridge::qtPath(path_));
 }
 
 Ref<FolderItem> FolderItem::Child(std::string_view name) const
@@ -43,7 +45,7 @@ Ref<FolderItem> FolderItem::Child(std::string_view name) const
 
 void FolderItem::CreateAsFolder() const
 {
-    QDir().mkpath(qtPath(path_));
+    QDir().mkpath(QtBridge::qtPath(path_));
 }
 
 struct TextInputStream::Impl {
@@ -57,10 +59,10 @@ TextInputStream::~TextInputStream() = default;
 
 Ref<TextInputStream> TextInputStream::Open(const Ref<FolderItem>& file)
 {
-    if (!file || !QFileInfo(qtPath(file->Path())).isFile())
+    if (!file || !QFileInfo(QtBridge::qtPath(file->Path())).isFile())
         return nullptr;
     auto impl = std::make_unique<Impl>();
-    impl->file.setFileName(qtPath(file->Path()));
+    impl->file.setFileName(QtBridge::qtPath(file->Path()));
     if (!impl->file.open(QIODevice::ReadOnly))
         return nullptr;
     return New<TextInputStream>(std::move(impl));
@@ -74,6 +76,14 @@ std::string TextInputStream::ReadAll()
     if (impl_->file.error() != QFileDevice::NoError)
         throw IOException("The file cannot be read: " + impl_->file.errorString().toStdString());
     return bytes.toStdString();
+}
+
+std::optional<std::string> readFile(const Ref<FolderItem>& file)
+try {
+    const auto stream = TextInputStream::Open(file);
+    return stream ? std::optional(stream->ReadAll()) : std::nullopt;
+} catch (const IOException&) {
+    return {};
 }
 
 struct TextOutputStream::Impl {
@@ -95,7 +105,7 @@ Ref<TextOutputStream> TextOutputStream::Create(const Ref<FolderItem>& file)
     if (!file)
         return nullptr;
     auto impl = std::make_unique<Impl>();
-    impl->file.setFileName(qtPath(file->Path()));
+    impl->file.setFileName(QtBridge::qtPath(file->Path()));
     if (!impl->file.open(QIODevice::WriteOnly))
         return nullptr;
     return New<TextOutputStream>(std::move(impl));
@@ -116,12 +126,12 @@ void TextOutputStream::Close()
 
 Ref<FolderItem> SpecialFolder::ApplicationData()
 {
-    return New<FolderItem>(plainPath(QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation)));
+    return New<FolderItem>(QtBridge::plainPath(QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation)));
 }
 
 Ref<FolderItem> SpecialFolder::Executable()
 {
-    return New<FolderItem>(plainPath(QCoreApplication::applicationDirPath()));
+    return New<FolderItem>(QtBridge::plainPath(QCoreApplication::applicationDirPath()));
 }
 
 } // namespace quorrin

@@ -3,6 +3,7 @@
 #include "toolkit/Ref.h"
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -45,6 +46,9 @@ public:
 private:
     std::unique_ptr<Impl> impl_;
 };
+
+/// All bytes of a file; nothing when it is nil or cannot be read.
+std::optional<std::string> readFile(const Ref<FolderItem>& file);
 
 /// Writes a file as a whole: the old content stays until Close has put the whole new content safely on disk, and
 /// stays for good when the stream is dropped before. Links are followed and permissions kept.

@@ -1,6 +1,25 @@
 #include "toolkit/Menu.h"
 
+#include <utility>
+
 namespace quorrin {
+
+std::vector<MenuRow> editRows(std::vector<MenuRow> before, const std::vector<MenuRow>& after)
+{
+    using Standard = MenuItem::Standard;
+    auto rows = std::move(before);
+    rows.insert(rows.end(), {
+                                {"EditSeparator1", "-"},
+                                {"EditCut", "Cu&t", "Cmd+X", Standard::Cut},
+                                {"EditCopy", "&Copy", "Cmd+C", Standard::Copy},
+                                {"EditPaste", "&Paste", "Cmd+V", Standard::Paste},
+                                {"EditClear", "&Delete", "", Standard::Delete},
+                                {"EditSeparator2", "-"},
+                                {"EditSelectAll", "Select &All", "Cmd+A", Standard::SelectAll},
+                            });
+    rows.insert(rows.end(), after.begin(), after.end());
+    return rows;
+}
 
 Ref<MenuBar> menuBarOf(const std::vector<MenuTable>& menus)
 {

@@ -64,6 +64,10 @@ struct MenuTable {
     std::vector<MenuRow> rows;
 };
 
+/// The rows of an Edit menu: the standard entries, with undoing and whatever else comes before them, and the window's
+/// own after them.
+std::vector<MenuRow> editRows(std::vector<MenuRow> before, const std::vector<MenuRow>& after = {});
+
 /// Makes a new menu bar of its table.
 Ref<MenuBar> menuBarOf(const std::vector<MenuTable>& menus);
 

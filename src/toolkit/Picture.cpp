@@ -1,6 +1,5 @@
 #include "toolkit/Picture.h"
 
-#include "toolkit/Errors.h"
 #include "toolkit/Files.h"
 #include "toolkit/Graphics.h"
 #include "toolkit/QtBridge.h"
@@ -260,16 +259,10 @@ Ref<Picture> Picture::OpenFromApp(std::string_view name)
     return image.isNull() ? nullptr : QtBridge::picture(image);
 }
 
-Ref<Picture> Picture::Open(const Ref<FolderItem>& file, std::int64_t mostPixels)
+Ref<Picture> Picture::Open(const Ref<FolderItem>& file)
 {
-    const auto stream = TextInputStream::Open(file);
-    if (!stream)
-        return nullptr;
-    try {
-        return FromData(stream->ReadAll(), mostPixels);
-    } catch (const IOException&) {
-        return nullptr;
-    }
+    const auto bytes = readFile(file);
+    return bytes ? FromData(*bytes) : nullptr;
 }
 
 Ref<Picture> Picture::FromData(const std::string& bytes, std::int64_t mostPixels)

@@ -39,10 +39,10 @@ public:
     static Ref<Picture> OpenFromApp(std::string_view name);
 
     /// The picture in an image file, nil when it cannot be read or claims a size that its bytes cannot honestly hold.
-    /// A picture of more than `mostPixels` keeps its size, but is drawn from no more than that many pixels.
-    static Ref<Picture> Open(const Ref<FolderItem>& file, std::int64_t mostPixels = anyNumberOfPixels);
+    static Ref<Picture> Open(const Ref<FolderItem>& file);
 
-    /// The same from the bytes of an image file.
+    /// The same from the bytes of an image file. A picture of more than `mostPixels` keeps its size, but is drawn from
+    /// no more than that many pixels.
     static Ref<Picture> FromData(const std::string& bytes, std::int64_t mostPixels = anyNumberOfPixels);
 
     /// A copy on white, opaque.

@@ -184,7 +184,7 @@ PrinterSetup setupOfPaper(const std::string& paper, bool landscape)
 
 std::unique_ptr<Graphics> printToPdf(const std::string& path, const PrinterSetup& setup, int copies, Failed failed)
 {
-    auto file = std::make_unique<QSaveFile>(QFile::decodeName(QByteArray::fromStdString(path)));
+    auto file = std::make_unique<QSaveFile>(QtBridge::qtPath(path));
     if (!file->open(QIODevice::WriteOnly))
         throw IOException("The file \"" + QFileInfo(file->fileName()).fileName().toStdString()
                           + "\" cannot be created: " + file->errorString().toStdString());

@@ -7,6 +7,7 @@
 
 #include <QFont>
 #include <QImage>
+#include <QString>
 
 #include <memory>
 #include <string>
@@ -31,6 +32,10 @@ struct GraphicsDevice {
 };
 
 struct QtBridge {
+    /// Paths as the toolkit has them, bytes that the file system takes, and as Qt has them.
+    static QString qtPath(const std::string& path);
+    static std::string plainPath(const QString& path);
+
     /// The picture's own pixels, without `Mask` and `Transparent`.
     static const QImage& image(const Picture& picture);
     /// What is seen of the picture when it is drawn.

@@ -11,26 +11,17 @@ namespace {
 
 Ref<MenuBar> mbUserPict()
 {
-    using Standard = MenuItem::Standard;
     return menuBarOf({
         {"FileMenu",
          "&File",
          {
              {"mnuOpenUserPicture", "Open Picture", "Cmd+O"},
          }},
-        {"EditMenu",
-         "&Edit",
-         {
+        {"EditMenu", "&Edit",
+         editRows({
              {"mnUPEditUndo", "&Undo", "Cmd+Z"},
              {"mnuClearDrawing", "Clear User Picture"},
-             {"EditSeparator1", "-"},
-             {"EditCut", "Cu&t", "Cmd+X", Standard::Cut},
-             {"EditCopy", "&Copy", "Cmd+C", Standard::Copy},
-             {"EditPaste", "&Paste", "Cmd+V", Standard::Paste},
-             {"EditClear", "&Delete", "", Standard::Delete},
-             {"EditSeparator2", "-"},
-             {"EditSelectAll", "Select &All", "Cmd+A", Standard::SelectAll},
-         }},
+         })},
     });
 }
 
