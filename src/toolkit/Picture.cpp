@@ -2,19 +2,17 @@
 
 #include "toolkit/Files.h"
 #include "toolkit/Graphics.h"
+#include "toolkit/PictureDecoding.h"
 #include "toolkit/QtBridge.h"
 
 #include <QBuffer>
 #include <QByteArray>
 #include <QColorSpace>
-#include <QImageReader>
 #include <QImageWriter>
 #include <QPainter>
-#include <QtEndian>
 
 #include <algorithm>
 #include <array>
-#include <cmath>
 #include <functional>
 
 namespace quorrin {
@@ -22,15 +20,6 @@ namespace quorrin {
 namespace {
 
 constexpr std::int64_t largestSide = 32767;
-
-// A picture may be 4096 by 4096 whatever its file, as a blank page packs into almost nothing. Beyond that the file must
-// have something to fill it with.
-constexpr qint64 alwaysAllowedBytes = 64 << 20;
-constexpr qint64 pixelBytesPerFileByte = 256;
-constexpr int decoderLimitMegabytes = 256;
-
-/// Pictures in use have about ten.
-constexpr int mostJpegScans = 64;
 
 int checkedSide(std::int64_t side)
 {
@@ -50,53 +39,6 @@ QRgb fade(QRgb premultiplied, int cover)
     const auto part = [cover](int value) { return (value * cover + 127) / 255; };
     return qRgba(part(qRed(premultiplied)), part(qGreen(premultiplied)), part(qBlue(premultiplied)),
                  part(qAlpha(premultiplied)));
-}
-
-bool claimsHonestSize(QSize size, qint64 fileBytes)
-{
-    return size.width() <= largestSide && size.height() <= largestSide
-           && qint64(size.width()) * size.height() * 4 <= alwaysAllowedBytes + fileBytes * pixelBytesPerFileByte;
-}
-
-/// A PNG without its texts, which may unpack to a thousand times their size and which nobody reads.
-QByteArray withoutTexts(const QByteArray& png)
-{
-    constexpr qsizetype signature = 8;
-    constexpr qsizetype lengthTypeAndSum = 12;
-    QByteArray rest = png.left(signature);
-    for (qsizetype at = signature; at + lengthTypeAndSum <= png.size();) {
-        const auto length = qFromBigEndian<quint32>(png.constData() + at) + lengthTypeAndSum;
-        const QByteArray type = png.mid(at + 4, 4);
-        if (type != "tEXt" && type != "zTXt" && type != "iTXt")
-            rest += png.mid(at, length);
-        at += length;
-    }
-    return rest;
-}
-
-/// The scans of a JPEG; each costs as much time as the whole picture, however few bytes it takes. What stands behind
-/// the picture's end, as the films of phones do, counts for nothing.
-int jpegScans(const QByteArray& jpeg)
-{
-    enum Marker : quint8 { Stuffed = 0x00, Alone = 0x01, Restart0 = 0xD0, Restart7 = 0xD7, End = 0xD9, Scan = 0xDA };
-    constexpr quint8 markerStart = 0xFF;
-    const auto byte = [&](qsizetype at) { return static_cast<quint8>(jpeg[at]); };
-    int scans = 0;
-    qsizetype at = 2;
-    while (at + 3 < jpeg.size()) {
-        const quint8 marker = byte(at + 1);
-        if (byte(at) != markerStart || marker == markerStart) {
-            ++at;
-        } else if (marker == Stuffed || marker == Alone || (marker >= Restart0 && marker <= Restart7)) {
-            at += 2;
-        } else if (marker == End) {
-            break;
-        } else {
-            scans += marker == Scan;
-            at += 2 + qFromBigEndian<quint16>(jpeg.constData() + at + 2);
-        }
-    }
-    return scans;
 }
 
 } // namespace
@@ -267,33 +209,12 @@ Ref<Picture> Picture::Open(const Ref<FolderItem>& file)
 
 Ref<Picture> Picture::FromData(const std::string& bytes, std::int64_t mostPixels)
 {
-    static const QList<QByteArray> readFormats{"png", "jpeg", "bmp", "gif"};
-    QByteArray data = QByteArray::fromRawData(bytes.data(), static_cast<qsizetype>(bytes.size()));
-    if (data.startsWith("\x89PNG"))
-        data = withoutTexts(data);
-    QBuffer buffer(&data);
-    buffer.open(QIODevice::ReadOnly);
-    QImageReader::setAllocationLimit(decoderLimitMegabytes);
-    const QByteArray format = QImageReader::imageFormat(&buffer);
-    if (!readFormats.contains(format) || (format == "jpeg" && jpegScans(data) > mostJpegScans))
+    auto decoded = decodedPicture(bytes, mostPixels);
+    if (decoded.image.isNull())
         return nullptr;
-    QImageReader reader(&buffer, format);
-    reader.setAutoTransform(true);
-    QSize size = reader.size();
-    if (!claimsHonestSize(size, data.size()))
-        return nullptr;
-    const double pixels = double(size.width()) * size.height();
-    if (pixels > double(mostPixels))
-        reader.setScaledSize((QSizeF(size) * std::sqrt(double(mostPixels) / pixels)).toSize().expandedTo({1, 1}));
-    const bool turned = reader.transformation() & QImageIOHandler::TransformationRotate90;
-    const QImage image = reader.read();
-    if (image.isNull())
-        return nullptr;
-    auto picture = QtBridge::picture(image);
-    if (pixels > double(mostPixels)) {
-        picture->pixels_->width = turned ? size.height() : size.width();
-        picture->pixels_->height = turned ? size.width() : size.height();
-    }
+    auto picture = QtBridge::picture(std::move(decoded.image));
+    picture->pixels_->width = decoded.size.width();
+    picture->pixels_->height = decoded.size.height();
     return picture;
 }
 
