@@ -36,11 +36,25 @@ Qt::WindowFlags flagsOf(Window::Kind kind)
 /// What a screen reader says: the control's own name, its caption, or the label before it.
 void nameView(const WidgetView& view, const Control& control, const Control* before)
 {
+    QWidget& widget = *view.Widget();
     if (!control.AccessibleName.empty()) {
-        view.Widget()->setAccessibleName(qtText(control.AccessibleName));
+        widget.setAccessibleName(qtText(control.AccessibleName));
     } else if (control.Caption.get().empty() && before && before->Kind == ControlKind::Label) {
-        view.Widget()->setAccessibleName(qtText(before->Caption).remove(':').remove('&'));
+        widget.setAccessibleName(qtText(before->Caption).remove(':').remove('&'));
     }
+}
+
+/// On Linux a popup answers with its value when it is asked for its name, so the name must be that of its label: of the
+/// one that shows, or of one made for it.
+void nameLabel(QLabel* label, QWidget& popup)
+{
+    if (label) {
+        label->setAccessibleName(popup.accessibleName());
+        return;
+    }
+    label = new QLabel(popup.accessibleName(), popup.parentWidget());
+    label->setBuddy(&popup);
+    label->hide();
 }
 
 } // namespace
@@ -82,8 +96,13 @@ void DesktopWindow::build()
         views_.push_back(makeView(*control, parentOf(*control)));
         const WidgetView& view = *views_.back();
         nameView(view, *control, before);
-        if (before && before->Kind == ControlKind::Label && view.Widget()->focusPolicy() != Qt::NoFocus)
-            static_cast<QLabel*>(views_[views_.size() - 2]->Widget())->setBuddy(view.Widget());
+        QLabel* label = nullptr;
+        if (before && before->Kind == ControlKind::Label && view.Widget()->focusPolicy() != Qt::NoFocus) {
+            label = static_cast<QLabel*>(views_[views_.size() - 2]->Widget());
+            label->setBuddy(view.Widget());
+        }
+        if (control->Kind == ControlKind::PopupMenu)
+            nameLabel(label, *view.Widget());
         before = control;
     }
     for (const auto& view : views_)

@@ -161,6 +161,8 @@ public:
     bool Canvas1_ContextualMenuAction(const MenuItem& chosen);
     /// What a screen reader says of a place on the map: the square and all that lies on it; empty beside the squares.
     std::string DescribeSquare(int x, int y);
+    /// The same of the wall set of the check boxes.
+    std::string DescribeChosenWall();
     /// Fills a menu with the objects in their groups; each tag is the prefix and the object's number.
     void ShowObjectPopupMenu(MenuItem& base, const std::string& prefix);
     /// The same with the markers.
