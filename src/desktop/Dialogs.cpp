@@ -6,7 +6,6 @@
 #include "toolkit/QtBridge.h"
 
 #include <QApplication>
-#include <QColorDialog>
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
@@ -149,17 +148,6 @@ void DesktopPlatform::MsgBox(const std::string& message)
     box.setTextFormat(Qt::PlainText);
     box.setText(qtText(message));
     box.exec();
-}
-
-bool DesktopPlatform::SelectColor(Color& color, const std::string& prompt)
-{
-    QColorDialog dialog(QColor(color.red, color.green, color.blue), frontWidget());
-    dialog.setOption(QColorDialog::DontUseNativeDialog);
-    dialog.setWindowTitle(qtText(prompt));
-    if (dialog.exec() != QDialog::Accepted)
-        return false;
-    color = colorFromNumber(dialog.selectedColor().rgb() & 0xFFFFFF);
-    return true;
 }
 
 Ref<FolderItem> DesktopPlatform::GetOpenFolderItem(const FileFilter& filter)
