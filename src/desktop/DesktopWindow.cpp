@@ -1,6 +1,7 @@
 #include "desktop/DesktopWindow.h"
 
 #include "desktop/DesktopStyle.h"
+#include "desktop/GivenPictures.h"
 #include "desktop/LastResort.h"
 #include "desktop/QtText.h"
 
@@ -78,6 +79,7 @@ DesktopWindow::DesktopWindow(Window& window, QWidget* parent)
         menuBar_ = std::make_unique<MenuBarView>(window, *menuBar());
         menuBar_->Refresh();
     }
+    new PictureTaker(window, *this);
     window.View = this;
     Sync();
     fitToScreen();
@@ -220,6 +222,10 @@ bool DesktopWindow::push(PushButton::Role role)
 
 void DesktopWindow::keyPressEvent(QKeyEvent* event)
 {
+    if (event->matches(QKeySequence::HelpContents)) {
+        guarded([this] { window_.Event_Help(); });
+        return;
+    }
     const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     if (isReturn && push(PushButton::Role::Default))
         return;

@@ -9,6 +9,7 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QGridLayout>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
@@ -103,6 +104,18 @@ Ref<FolderItem> chosenFile(QFileDialog& dialog, const QStringList& filters, cons
     return file;
 }
 
+/// Makes a message wide enough for its title, of which short messages would show a piece alone.
+void fitToTitle(QMessageBox& box)
+{
+    constexpr int frameAndButtons = 160;
+    box.setWindowTitle(QApplication::applicationDisplayName());
+    auto* grid = qobject_cast<QGridLayout*>(box.layout());
+    if (!grid)
+        return;
+    const int width = box.fontMetrics().horizontalAdvance(box.windowTitle()) + frameAndButtons;
+    grid->addItem(new QSpacerItem(width, 0), grid->rowCount(), 0, 1, grid->columnCount());
+}
+
 } // namespace
 
 void rememberFolderOf(const FolderItem& file)
@@ -136,6 +149,7 @@ MessageDialog::Answer DesktopPlatform::Ask(const MessageDialog& question)
     QPushButton* cancel = add(question.CancelButton, QMessageBox::RejectRole);
     box.setDefaultButton(action);
     box.setEscapeButton(cancel);
+    fitToTitle(box);
     box.exec();
     if (action && box.clickedButton() == action)
         return Answer::Action;
@@ -147,6 +161,7 @@ void DesktopPlatform::MsgBox(const std::string& message)
     QMessageBox box(frontWidget());
     box.setTextFormat(Qt::PlainText);
     box.setText(qtText(message));
+    fitToTitle(box);
     box.exec();
 }
 

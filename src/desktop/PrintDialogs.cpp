@@ -17,6 +17,8 @@ namespace quorrin {
 bool DesktopPlatform::PageSetupDialog(PrinterSetup& setup)
 {
     QPrinter printer(QPrinter::HighResolution);
+    if (setup.ProposesLandscape)
+        printer.setPageOrientation(QPageLayout::Landscape);
     QtBridge::applySetup(setup, printer);
     QPageSetupDialog dialog(&printer, frontWidget());
     if (dialog.exec() != QDialog::Accepted)

@@ -203,6 +203,8 @@ public:
 
     void AddMenuHandlers();
     void Event_EnableMenuItems() override;
+    /// Opens the help on the page of the tab or page that shows.
+    void Event_Help() override;
     bool _mnuHelp_Action();
     bool _mnuAbout_Action();
 

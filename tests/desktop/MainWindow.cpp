@@ -126,6 +126,38 @@ TEST_F(MainWindow, TheMapIsWorkedByKeyboard)
     EXPECT_EQ(window.RightClickObject, window.mySquares(2, 1));
 }
 
+TEST_F(MainWindow, AnotherToolIsOneChordAwayFromTheMap)
+{
+    struct Browser : DesktopPlatform {
+        bool Launch(const FolderItem& file) override { return opened = file.Name(), true; }
+        std::string opened;
+    } browser;
+    widgetOf<QWidget>(window.Canvas1).setFocus(Qt::TabFocusReason);
+    const struct {
+        Qt::Key key;
+        Qt::KeyboardModifier modifier;
+        int tool;
+        const char* help;
+    } chords[] = {{Qt::Key_PageDown, Qt::ControlModifier, Window1::GridTool, "grid.html"},
+                  {Qt::Key_4, Qt::AltModifier, Window1::ObjectTool, "objects.html"},
+                  {Qt::Key_PageDown, Qt::ControlModifier, Window1::MarkerTool, "markers.html"},
+                  {Qt::Key_PageDown, Qt::ControlModifier, Window1::BackgroundTool, "background.html"},
+                  {Qt::Key_PageUp, Qt::ControlModifier, Window1::MarkerTool, "markers.html"},
+                  {Qt::Key_3, Qt::AltModifier, Window1::WallTool, "walls.html"}};
+    for (const auto& [key, modifier, tool, help] : chords) {
+        person.key(key, modifier);
+        EXPECT_EQ(window.TabPanel1.Value, tool) << help;
+        EXPECT_EQ(QApplication::focusWidget(), &widgetOf<QWidget>(window.Canvas1));
+        person.key(Qt::Key_F1);
+        EXPECT_EQ(browser.opened, help);
+    }
+    window.bbScriptTool.Push();
+    person.key(Qt::Key_F1);
+    EXPECT_EQ(browser.opened, "script.html");
+    person.key(Qt::Key_PageUp, Qt::ControlModifier);
+    EXPECT_EQ(window.TabPanel1.Value, Window1::GridTool) << "from the text, too";
+}
+
 TEST_F(MainWindow, MenusAtTheMouseShowWhatTheyAreGiven)
 {
     window.TabPanel1.Value = 2;
