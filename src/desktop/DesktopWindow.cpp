@@ -45,17 +45,26 @@ void nameView(const WidgetView& view, const Control& control, const Control* bef
     }
 }
 
-/// On Linux a popup answers with its value when it is asked for its name, so the name must be that of its label: of the
-/// one that shows, or of one made for it.
-void nameLabel(QLabel* label, QWidget& popup)
+/// Whether a control has no caption of its own but the label before it.
+bool isLabelled(const Control& control, const Control* before, const QWidget& widget)
 {
-    if (label) {
-        label->setAccessibleName(popup.accessibleName());
-        return;
-    }
-    label = new QLabel(popup.accessibleName(), popup.parentWidget());
-    label->setBuddy(&popup);
+    return before && before->Kind == ControlKind::Label && control.Caption.get().empty()
+           && widget.focusPolicy() != Qt::NoFocus;
+}
+
+/// On Linux a popup answers with its value when it is asked for its name, so its name must be that of a label.
+QLabel* hiddenLabel(const QWidget& popup)
+{
+    auto* label = new QLabel(popup.parentWidget());
     label->hide();
+    return label;
+}
+
+/// A screen reader takes the name of the label for that of the widget.
+void putLabel(QLabel& label, QWidget& widget)
+{
+    label.setBuddy(&widget);
+    label.setAccessibleName(widget.accessibleName());
 }
 
 } // namespace
@@ -98,13 +107,10 @@ void DesktopWindow::build()
         views_.push_back(makeView(*control, parentOf(*control)));
         const WidgetView& view = *views_.back();
         nameView(view, *control, before);
-        QLabel* label = nullptr;
-        if (before && before->Kind == ControlKind::Label && view.Widget()->focusPolicy() != Qt::NoFocus) {
-            label = static_cast<QLabel*>(views_[views_.size() - 2]->Widget());
-            label->setBuddy(view.Widget());
-        }
-        if (control->Kind == ControlKind::PopupMenu)
-            nameLabel(label, *view.Widget());
+        if (isLabelled(*control, before, *view.Widget()))
+            putLabel(*static_cast<QLabel*>(views_[views_.size() - 2]->Widget()), *view.Widget());
+        else if (control->Kind == ControlKind::PopupMenu)
+            putLabel(*hiddenLabel(*view.Widget()), *view.Widget());
         before = control;
     }
     for (const auto& view : views_)

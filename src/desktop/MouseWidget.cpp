@@ -233,10 +233,10 @@ void MouseWidget::keyReleaseEvent(QKeyEvent* event)
 
 void MouseWidget::focusInEvent(QFocusEvent* event)
 {
-    if (event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason) {
+    if (event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason)
         byKeyboard_ = true;
+    if (event->reason() != Qt::MouseFocusReason)
         pointedAt(keyboardPlace());
-    }
     QWidget::focusInEvent(event);
 }
 
