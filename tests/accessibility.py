@@ -105,7 +105,7 @@ def check(program, sample):
         map_canvas = controls[EXPECTED.index(("canvas", "Map", ""))]
         subprocess.run(["xdotool", "search", "--onlyvisible", "--name", window.name, "windowfocus", "--sync"], check=True)
         map_canvas.queryComponent().grabFocus()
-        wait_for("the first square", lambda: map_canvas.description == "Column 1, row 1: Mountain Top")
+        wait_for("the first square", lambda: map_canvas.description == "Column 1, row 1: Mountians")
         unexplained = {name for control, (role, name, _) in zip(controls, got)
                        if role == "combo box" and "border" not in name and not control.description}
         if unexplained:
