@@ -142,13 +142,13 @@ private:
         return rect().center();
     }
 
-    /// Shows on any ground: light inside dark.
-    static void drawOutline(QPainter& painter, const QRect& area)
+    /// Shows on any ground: light inside of the colour in which the desktop marks things.
+    void drawOutline(QPainter& painter, const QRect& area) const
     {
         painter.setBrush(Qt::NoBrush);
-        painter.setPen(QColor(0, 0, 0, 110));
+        painter.setPen(palette().color(QPalette::Highlight));
         painter.drawRect(area.adjusted(-1, -1, 0, 0));
-        painter.setPen(QColor(255, 255, 255, 210));
+        painter.setPen(QColor(255, 255, 255, 180));
         painter.drawRect(area.adjusted(0, 0, -1, -1));
     }
 
