@@ -8,7 +8,12 @@ set(packaging_build ${CMAKE_BINARY_DIR}/packaging)
 set(app_id org.quorrin.MapMaker)
 set(app_data ${CMAKE_INSTALL_DATADIR}/quorrin-map-maker)
 
+# The library with the pictures is nobody else's, so it lies in a folder of the program's own.
+set(art_library_folder ${CMAKE_INSTALL_LIBDIR}/quorrin-map-maker)
+file(RELATIVE_PATH to_art_library ${CMAKE_INSTALL_FULL_BINDIR} ${CMAKE_INSTALL_FULL_LIBDIR}/quorrin-map-maker)
+set_target_properties(quorrin-map-maker quorrin-map-batch PROPERTIES INSTALL_RPATH $ORIGIN/${to_art_library})
 install(TARGETS quorrin-map-maker quorrin-map-batch)
+install(TARGETS quorrin_art LIBRARY DESTINATION ${art_library_folder})
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/samples/ DESTINATION ${app_data}/samples FILES_MATCHING PATTERN *.qrnm)
 
 # The desktop: menu entry, file type, icons, software centre.
@@ -77,6 +82,7 @@ set(CPACK_STRIP_FILES ON)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SECTION graphics)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${CMAKE_BINARY_DIR})
 # The font of every text that the program draws.
 set(CPACK_DEBIAN_PACKAGE_DEPENDS fonts-dejavu-core)
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "qt6-wayland, xdg-utils")
