@@ -39,7 +39,7 @@ for icon in "apps/$(sed -n 's/^Icon=//p' "$share/applications/$id.desktop")" mim
     done
     scalable=$share/icons/hicolor/scalable/$icon.svg
     [ -s "$scalable" ] || fail "no scalable $icon"
-    rsvg-convert -w 16 -h 16 "$scalable" | cmp -s - "$share/icons/hicolor/16x16/$icon.png" && fail "$icon has no drawing of its own for 16 pixels"
+    ! rsvg-convert -w 16 -h 16 "$scalable" | cmp -s - "$share/icons/hicolor/16x16/$icon.png" || fail "$icon is not drawn for 16 pixels"
 done
 # A desktop recolours a symbolic icon, so it has one colour.
 symbolic=$share/icons/hicolor/symbolic/apps/$id-symbolic.svg
