@@ -11,6 +11,8 @@ struct Request {
     enum class Command { Help, Version, Export, Sheet, Print, Upgrade };
     Command command = Command::Help;
     bool pictureSet = false;
+    /// Pixels a unit of exported pictures.
+    int scale = 1;
     /// What is printed, and on what.
     enum class Print { Map, Script, Sheet };
     Print what = Print::Map;

@@ -99,6 +99,7 @@ void carryOut(const Request& request, Window1& window)
 {
     switch (request.command) {
     case Request::Command::Export:
+        window.exportScale = request.scale;
         window.ChooseMenu(request.pictureSet ? "mnuExportPictureSeries" : "mnuSavePicture");
         break;
     case Request::Command::Sheet:

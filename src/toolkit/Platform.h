@@ -59,7 +59,9 @@ public:
     virtual bool SelectColor(Color& color, const std::string& prompt) = 0;
     /// Nil when cancelled, here and below.
     virtual Ref<FolderItem> GetOpenFolderItem(const FileFilter& filter) = 0;
-    virtual Ref<FolderItem> GetSaveFolderItem(const FileFilter& filter, const std::string& defaultName) = 0;
+    /// With `chosenKind`, each kind of the filter is a choice of its own, and the place of the chosen one is told.
+    virtual Ref<FolderItem> GetSaveFolderItem(const FileFilter& filter, const std::string& defaultName,
+                                              std::size_t* chosenKind) = 0;
     /// Shows the entries of `base` as a menu at the mouse.
     virtual Ref<MenuItem> PopUp(const MenuItem& base) = 0;
     /// Opens the window and returns when it has closed.
@@ -86,7 +88,8 @@ Platform& platform();
 void MsgBox(const std::string& message);
 bool SelectColor(Color& color, const std::string& prompt);
 Ref<FolderItem> GetOpenFolderItem(const FileFilter& filter);
-Ref<FolderItem> GetSaveFolderItem(const FileFilter& filter, const std::string& defaultName);
+Ref<FolderItem> GetSaveFolderItem(const FileFilter& filter, const std::string& defaultName,
+                                  std::size_t* chosenKind = nullptr);
 std::unique_ptr<Graphics> OpenPrinterDialog(const Ref<PrinterSetup>& setup, Window& parent);
 bool IsContextualClick();
 

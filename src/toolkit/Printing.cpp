@@ -34,14 +34,12 @@ public:
     {
         if (!painter_.begin(device_.get()))
             throw IOException("The printer cannot be started.");
-        // Line art shows the traces of JPEG, which a PDF would use otherwise.
-        painter_.setRenderHint(QPainter::LosslessImageRendering);
         useUnits();
     }
-    QPainter* painter() override { return painter_.isActive() ? &painter_ : nullptr; }
     double width() const override { return area_.width(); }
     double height() const override { return area_.height(); }
-    bool exactPixels() const override { return false; }
+    bool wholeUnits() const override { return false; }
+    void draw(Step step) override { carryOut(step, {painter_, Surface::Kind::Paper}); }
     void nextPage() override
     {
         device_->newPage();

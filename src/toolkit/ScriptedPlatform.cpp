@@ -25,8 +25,11 @@ Ref<FolderItem> ScriptedPlatform::GetOpenFolderItem(const FileFilter& filter)
     return open ? open(filter) : nullptr;
 }
 
-Ref<FolderItem> ScriptedPlatform::GetSaveFolderItem(const FileFilter&, const std::string& defaultName)
+Ref<FolderItem> ScriptedPlatform::GetSaveFolderItem(const FileFilter&, const std::string& defaultName,
+                                                    std::size_t* chosenKind)
 {
+    if (chosenKind)
+        *chosenKind = kindOfFile;
     proposedNames.push_back(defaultName);
     return save ? save(defaultName) : nullptr;
 }

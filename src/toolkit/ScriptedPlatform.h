@@ -17,6 +17,8 @@ public:
     std::function<bool(Color&)> selectColor;
     std::function<Ref<FolderItem>(const FileFilter&)> open;
     std::function<Ref<FolderItem>(const std::string& defaultName)> save;
+    /// Which of the kinds of file that a save dialog offers is chosen, from 0.
+    std::size_t kindOfFile = 0;
     std::function<Ref<MenuItem>(const MenuItem&)> popUp;
     std::function<void(Window&)> modal;
     std::function<bool(PrinterSetup&)> pageSetup;
@@ -36,7 +38,8 @@ public:
     void MsgBox(const std::string& message) override;
     bool SelectColor(Color& color, const std::string& prompt) override;
     Ref<FolderItem> GetOpenFolderItem(const FileFilter& filter) override;
-    Ref<FolderItem> GetSaveFolderItem(const FileFilter& filter, const std::string& defaultName) override;
+    Ref<FolderItem> GetSaveFolderItem(const FileFilter& filter, const std::string& defaultName,
+                                      std::size_t* chosenKind) override;
     Ref<MenuItem> PopUp(const MenuItem& base) override;
     void ShowModal(Window& window) override;
     bool PageSetupDialog(PrinterSetup& setup) override;

@@ -10,6 +10,7 @@ from . import Refusal
 NAMES_OF_KIND = {"object": 3, "terrain": 3, "border": 2, "page": 1, "grid": 1, "icon": 1, "cursor": 1}
 TILE = (56, 56)
 FLAGS = ("bleed", "hard")
+LARGE = "4x"  # the folder of the pictures with four pixels a unit
 
 
 def folder_of(kind):
@@ -42,6 +43,11 @@ class Row:
     def title(self):
         """The name that stands for the row: its own picture, which no other row makes."""
         return self.colour or self.bw
+
+    def files(self):
+        """Picture name -> its files below the folder of pictures, plain and large."""
+        large = "jpg" if self.kind == "page" else "png"
+        return {name: (f"{name}.png", f"{LARGE}/{name}.{large}") for name in self.names if name}
 
     def file(self, source):
         return Path(source) / folder_of(self.kind) / f"{self.drawing}.svg"
