@@ -12,7 +12,7 @@ from .manifest import LARGE
 from .pack import packed
 
 RECORD = "built.json"
-JPEG_QUALITY = 88
+JPEG_QUALITY = 78
 
 
 def tool_bytes():
