@@ -128,9 +128,9 @@ Request parseCommandLine(int argc, char** argv)
             request.scale = numberFrom1("--scale", optarg, largestPictureScale);
             break;
         case whatOption:
-            request.what = choice<Request::Print>(
+            request.what = choice<Print>(
                 "--what takes map, script or sheet, not", optarg,
-                {{"map", Request::Print::Map}, {"script", Request::Print::Script}, {"sheet", Request::Print::Sheet}});
+                {{"map", Print::Map}, {"script", Print::Script}, {"sheet", Print::Sheet}});
             break;
         case paperOption:
             request.paper =

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "output/Printing.h"
+
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -13,8 +15,6 @@ struct Request {
     bool pictureSet = false;
     /// Pixels a unit of exported pictures.
     int scale = 1;
-    /// What is printed, and on what.
-    enum class Print { Map, Script, Sheet };
     Print what = Print::Map;
     std::string paper = "A4";
     bool landscape = false;
