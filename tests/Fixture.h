@@ -23,6 +23,7 @@ public:
         if (!mkdtemp(path.data()))
             throw std::runtime_error("cannot make " + path);
         setenv("XDG_DATA_HOME", path.c_str(), true);
+        setenv("XDG_STATE_HOME", path.c_str(), true);
     }
     ~TestFolder() { std::filesystem::remove_all(path); }
 

@@ -97,7 +97,6 @@ bool DesktopPlatform::SelectColor(Color& color, const std::string& prompt)
     for (int i = 0; i < static_cast<int>(std::size(swatches)); ++i)
         QColorDialog::setStandardColor(i, swatches[i]);
     QColorDialog dialog(QColor(color.red, color.green, color.blue), frontWidget());
-    dialog.setOption(QColorDialog::DontUseNativeDialog);
     dialog.setWindowTitle(qtText(prompt));
     addUsedColors(dialog);
     new BrightPicks(dialog);

@@ -1,7 +1,7 @@
 #include "app/App.h"
 #include "desktop/DesktopPlatform.h"
 #include "desktop/DesktopWindow.h"
-#include "desktop/Dialogs.h"
+#include "desktop/Folders.h"
 #include "desktop/LastResort.h"
 #include "desktop/StartArguments.h"
 #include "document/Window1.h"
@@ -18,7 +18,8 @@ using namespace quorrin;
 void handOver(App& app, const std::string& path)
 {
     const auto file = New<FolderItem>(path);
-    rememberFolderOf(*file);
+    const QString qtPath = QtBridge::qtPath(path);
+    rememberFolder(kindOfFile(qtPath), qtPath);
     app.Event_OpenDocument(file);
 }
 

@@ -1,5 +1,7 @@
 #include "Person.h"
 
+#include "app/iniClass.h"
+
 #include <QAbstractButton>
 #include <QAccessible>
 #include <QColorDialog>
@@ -303,6 +305,34 @@ TEST_F(MainWindow, TheColourWellIsPressedByMouseAndKeyboard)
         EXPECT_EQ(window.rWallColor.FillColor.get(), color == Qt::red ? RGB(255, 0, 0) : RGB(0, 0, 255));
         EXPECT_EQ(well.grab().toImage().pixelColor(80, 10), QColor(color));
     }
+}
+
+TEST_F(MainWindow, EachKindOfFileHasItsFolderInTheNextRunToo)
+{
+    std::filesystem::create_directories(folder / "maps");
+    std::filesystem::create_directories(folder / "pictures");
+    const auto saved = [&](const char* command, const QString& path) {
+        QString start;
+        Answer<QFileDialog> save([&](QFileDialog& dialog) {
+            start = dialog.directory().path();
+            dialog.findChild<QLineEdit*>("fileNameEdit")->setText(path);
+            path.isEmpty() ? dialog.reject() : QTest::keyClick(&dialog, Qt::Key_Return);
+        });
+        window.ChooseMenu(command);
+        return start.toStdString();
+    };
+    saved("mnuSave", QString::fromStdString(folder / "maps/cave.qrnm"));
+    EXPECT_EQ(saved("mnuSavePicture", QString::fromStdString(folder / "pictures/cave.png")), folder / "maps")
+        << "that of the last file, for a kind that has none yet";
+    EXPECT_EQ(saved("mnuSave", {}), folder / "maps");
+    EXPECT_EQ(saved("mnuSavePicture", {}), folder / "pictures");
+    const iniClass kept(folder.file("quorrin-map-maker/folders.ini"));
+    std::string path;
+    EXPECT_GT(kept.GetPreference("Folders", "Maps", path), 0);
+    EXPECT_EQ(path, folder / "maps");
+    EXPECT_FALSE(folder.file("ZVKQuorrinMapMaker/QuorrinMapMaker.ini")->Exists()) << "the preferences hold the page setup";
+    std::filesystem::remove_all(folder / "maps");
+    EXPECT_EQ(saved("mnuSave", {}), folder / "pictures");
 }
 
 TEST_F(MainWindow, OnASmallScreenTheContentScrolls)
