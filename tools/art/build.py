@@ -14,7 +14,7 @@ from .drawing import Studio
 from .manifest import LARGE
 
 RECORD = "built.json"
-JPEG_QUALITY = 88
+JPEG_QUALITY = 78
 
 
 def tool_bytes():
