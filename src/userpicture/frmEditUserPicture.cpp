@@ -141,6 +141,8 @@ bool frmEditUserPicture::_mnuOpenUserPicture_Action()
         const auto size = [](std::int64_t side) { return static_cast<double>(side); };
         myImage->Graphics().DrawPicture(clear, 0, 0, size(myImage->Width()), size(myImage->Height()), 0, 0,
                                         size(clear->Width()), size(clear->Height()));
+        // The map's file keeps no more than these pixels.
+        myImage->KeepPixels();
     }
     Canvas1.Invalidate(true);
     return true;
