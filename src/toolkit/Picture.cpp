@@ -297,6 +297,19 @@ Ref<Picture> Picture::FromData(const std::string& bytes, std::int64_t mostPixels
     return picture;
 }
 
+Ref<Picture> Picture::Frozen() const
+{
+    auto frozen = QtBridge::picture(QtBridge::image(*this));
+    frozen->Mask = Mask;
+    frozen->Transparent = Transparent;
+    return frozen;
+}
+
+bool Picture::SharesPixels(const Picture& other) const
+{
+    return QtBridge::image(*this).constBits() == QtBridge::image(other).constBits();
+}
+
 Ref<Picture> Picture::Flattened()
 {
     const QImage seen = QtBridge::drawnImage(*this);

@@ -45,6 +45,11 @@ public:
     /// no more than that many pixels.
     static Ref<Picture> FromData(const std::string& bytes, std::int64_t mostPixels = anyNumberOfPixels);
 
+    /// A picture of the same pixels, which stay as they are when this one is drawn on. Copies none until then.
+    Ref<Picture> Frozen() const;
+    /// Whether one is a frozen copy of the other, or both are of a third, and neither was drawn on since.
+    bool SharesPixels(const Picture& other) const;
+
     /// A copy on white, opaque.
     Ref<Picture> Flattened();
 
