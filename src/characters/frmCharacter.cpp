@@ -15,15 +15,34 @@ using Module1::useThisCharacter;
 
 namespace {
 
+const frmCharacter* theEditor = nullptr;
+
 constexpr std::int64_t highestNumber = 99;
 
 } // namespace
 
-frmCharacter::frmCharacter() : Window(Kind::Modal, "Character", 267, 344)
+frmCharacter::frmCharacter() : Window(Kind::Modal, "Character", 267, 344), before_(*useThisCharacter)
 {
+    theEditor = this;
     Canvas1.AccessibleName = "Token";
     Canvas2.AccessibleName = "Picture of the token";
     TextField1.AccessibleName = "Number";
+}
+
+frmCharacter::~frmCharacter()
+{
+    theEditor = nullptr;
+}
+
+const frmCharacter* frmCharacter::Current()
+{
+    return theEditor;
+}
+
+bool frmCharacter::HasChanged() const
+{
+    const auto& now = *useThisCharacter;
+    return now.Number != before_.Number || !(now.IconData == before_.IconData);
 }
 
 void frmCharacter::Event_Open()

@@ -9,6 +9,8 @@ namespace quorrin {
 
 namespace {
 
+const frmEditUserPicture* theEditor = nullptr;
+
 Ref<MenuBar> mbUserPict()
 {
     return menuBarOf({
@@ -36,6 +38,7 @@ Ref<Picture> copyOf(const Ref<Picture>& source)
 
 frmEditUserPicture::frmEditUserPicture() : Window(Kind::Modal, "Edit User Picture", 1100, 796)
 {
+    theEditor = this;
     Canvas1_Open();
     Canvas1.AccessibleName = "Drawing";
     PopupMenu1.AccessibleName = "Color";
@@ -48,9 +51,25 @@ frmEditUserPicture::frmEditUserPicture() : Window(Kind::Modal, "Edit User Pictur
     AddMenuHandler("mnuSavePicture", &frmEditUserPicture::_mnuSavePicture_Action);
 }
 
+frmEditUserPicture::~frmEditUserPicture()
+{
+    theEditor = nullptr;
+}
+
+const frmEditUserPicture* frmEditUserPicture::Current()
+{
+    return theEditor;
+}
+
+Ref<Picture> frmEditUserPicture::Drawn() const
+{
+    return myImage && !myImage->SharesPixels(*before_) ? myImage : nullptr;
+}
+
 void frmEditUserPicture::Event_Open()
 {
     myImage = copyOf(Module1::gPicture);
+    before_ = myImage->Frozen();
     Canvas1.Width = static_cast<int>(myImage->Width());
     Canvas1.Height = static_cast<int>(myImage->Height());
     ox = -1;
