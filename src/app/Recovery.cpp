@@ -28,7 +28,7 @@ RecoveryCopy::Note noteOf(const Window1& window)
 
 std::string titleOf(const RecoveryCopy::Note& about)
 {
-    return about.Name.empty() ? "a map without a name" : "\"" + about.Name + "\"";
+    return about.Name.empty() ? "an unnamed map" : "\"" + about.Name + "\"";
 }
 
 std::string timeOf(const RecoveryCopy::Note& about)

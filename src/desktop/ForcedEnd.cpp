@@ -5,6 +5,7 @@
 #include "document/Window1.h"
 
 #include <QApplication>
+#include <QSemaphore>
 #include <QSessionManager>
 #include <QThread>
 #include <QWidget>
@@ -14,6 +15,7 @@
 
 #include <csignal>
 #include <cstdlib>
+#include <memory>
 
 namespace quorrin {
 
@@ -23,10 +25,29 @@ Recovery* theRecovery = nullptr;
 QtMessageHandler handlerBefore = nullptr;
 int signalPipe[2] = {-1, -1};
 
+void keepHere()
+{
+    if (theRecovery)
+        theRecovery->KeepAtOnce();
+}
+
+/// From whatever thread the end comes. The main one has the map, and may itself wait for what will never come.
 void keepAtOnce()
 {
-    if (theRecovery && QThread::currentThread() == qApp->thread())
-        theRecovery->KeepAtOnce();
+    if (!theRecovery)
+        return;
+    if (QThread::currentThread() == qApp->thread())
+        return keepHere();
+    const auto kept = std::make_shared<QSemaphore>();
+    QMetaObject::invokeMethod(
+        qApp,
+        [kept] {
+            keepHere();
+            kept->release();
+        },
+        Qt::QueuedConnection);
+    constexpr int longest = 10000;
+    kept->tryAcquire(1, longest);
 }
 
 /// A handler may do hardly anything; the rest waits for the event loop. The next signal of the kind ends the program at
@@ -36,7 +57,7 @@ void tellSignal(int number)
     static_cast<void>(!write(signalPipe[1], &number, sizeof number));
 }
 
-/// Qt ends the process without a farewell when the Wayland compositor goes, and this is all that it says before.
+/// Qt ends the process at once when the Wayland compositor goes, and this is all that it says before.
 void keepWhenWaylandGoes(QtMsgType type, const QMessageLogContext& context, const QString& message)
 {
     if (message.startsWith(QLatin1String("The Wayland connection")))
@@ -96,9 +117,9 @@ void ForcedEnd::answer(QSessionManager& manager)
     if (window_.isDirty && manager.allowsInteraction()) {
         bool stays = true;
         guarded([&] { stays = window_.Event_CancelClose(true); });
-        manager.release();
         if (stays)
             return manager.cancel();
+        manager.release();
         recovery_.Release();
     }
     recovery_.KeepAtOnce();
