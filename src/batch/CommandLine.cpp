@@ -1,5 +1,7 @@
 #include "batch/CommandLine.h"
 
+#include "toolkit/Picture.h"
+
 #include <getopt.h>
 
 #include <algorithm>
@@ -12,9 +14,10 @@ namespace quorrin {
 const char* const usage = R"(Makes pictures and prints of Quorrin maps, and newer map files of older ones,
 without a window.
 
-  quorrin-map-batch export [--set] [-o DIR] MAP.qrnm...
+  quorrin-map-batch export [--set] [--scale N] [-o DIR] MAP.qrnm...
       writes "Quorrin Map NAME.png" for each map; with --set the four pictures
-      for players and Dungeon Master, in color and in black and white
+      for players and Dungeon Master, in color and in black and white; with
+      --scale N times as sharp (1 to 8)
   quorrin-map-batch sheet [-o DIR] MAP.qrnm...
       writes "NAME Character Sheet.jpg" for each map
   quorrin-map-batch print [--what map|script|sheet] [--paper A4|Letter]
@@ -67,13 +70,14 @@ int numberFrom1(const std::string& option, std::string_view text, int highest)
     return number;
 }
 
-enum LongOnly { setOption = 1000, whatOption, paperOption, landscapeOption, copiesOption, versionOption };
+enum LongOnly { setOption = 1000, scaleOption, whatOption, paperOption, landscapeOption, copiesOption, versionOption };
 
 constexpr option options[] = {
     {"output", required_argument, nullptr, 'o'},
     {"jobs", required_argument, nullptr, 'j'},
     {"help", no_argument, nullptr, 'h'},
     {"set", no_argument, nullptr, setOption},
+    {"scale", required_argument, nullptr, scaleOption},
     {"what", required_argument, nullptr, whatOption},
     {"paper", required_argument, nullptr, paperOption},
     {"landscape", no_argument, nullptr, landscapeOption},
@@ -82,12 +86,12 @@ constexpr option options[] = {
     {nullptr, 0, nullptr, 0},
 };
 
-void check(const Request& request, bool printOptions)
+void check(const Request& request, bool exportOptions, bool printOptions)
 {
     if (printOptions && request.command != Request::Command::Print)
         throw UsageError("--what, --paper, --landscape and --copies belong to print");
-    if (request.pictureSet && request.command != Request::Command::Export)
-        throw UsageError("--set belongs to export");
+    if (exportOptions && request.command != Request::Command::Export)
+        throw UsageError("--set and --scale belong to export");
     if (request.command == Request::Command::Upgrade && request.folder.empty())
         throw UsageError("upgrade needs -o DIR");
     if (request.maps.empty())
@@ -103,8 +107,10 @@ Request parseCommandLine(int argc, char** argv)
     opterr = 0;
     optind = 0;
     int chosen = 0;
+    bool exportOptions = false;
     bool printOptions = false;
     while ((chosen = getopt_long(argc, argv, ":o:j:h", options, nullptr)) != -1) {
+        exportOptions = exportOptions || chosen == setOption || chosen == scaleOption;
         printOptions = printOptions || (chosen >= whatOption && chosen <= copiesOption);
         switch (chosen) {
         case 'o':
@@ -118,10 +124,13 @@ Request parseCommandLine(int argc, char** argv)
         case setOption:
             request.pictureSet = true;
             break;
+        case scaleOption:
+            request.scale = numberFrom1("--scale", optarg, largestPictureScale);
+            break;
         case whatOption:
-            request.what = choice<Request::Print>(
+            request.what = choice<Print>(
                 "--what takes map, script or sheet, not", optarg,
-                {{"map", Request::Print::Map}, {"script", Request::Print::Script}, {"sheet", Request::Print::Sheet}});
+                {{"map", Print::Map}, {"script", Print::Script}, {"sheet", Print::Sheet}});
             break;
         case paperOption:
             request.paper =
@@ -149,7 +158,7 @@ Request parseCommandLine(int argc, char** argv)
         throw UsageError("no command is given");
     request.command = commandNamed(argv[optind]);
     request.maps.assign(argv + optind + 1, argv + argc);
-    check(request, printOptions);
+    check(request, exportOptions, printOptions);
     return request;
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "output/Printing.h"
+
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -11,8 +13,8 @@ struct Request {
     enum class Command { Help, Version, Export, Sheet, Print, Upgrade };
     Command command = Command::Help;
     bool pictureSet = false;
-    /// What is printed, and on what.
-    enum class Print { Map, Script, Sheet };
+    /// Pixels a unit of exported pictures.
+    int scale = 1;
     Print what = Print::Map;
     std::string paper = "A4";
     bool landscape = false;

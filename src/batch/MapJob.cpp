@@ -13,7 +13,6 @@
 #include <unistd.h>
 
 #include <filesystem>
-#include <map>
 #include <stdexcept>
 
 namespace quorrin {
@@ -64,12 +63,6 @@ private:
     fs::path folder_;
 };
 
-const std::map<Request::Print, std::string> printNames{
-    {Request::Print::Map, " Map.pdf"},
-    {Request::Print::Script, " Script.pdf"},
-    {Request::Print::Sheet, " Character Sheet.pdf"},
-};
-
 fs::path targetFolder(const Request& request)
 {
     return request.folder.empty() ? fs::path(".") : fs::path(request.folder);
@@ -87,16 +80,16 @@ void open(Window1& window, const ScriptedPlatform& platform, const std::string& 
         throw std::runtime_error(platform.messages.front());
 }
 
-void print(Request::Print what, Window1& window)
+void print(Print what, Window1& window)
 {
     switch (what) {
-    case Request::Print::Map:
+    case Print::Map:
         window.ChooseMenu("mnuPrint");
         break;
-    case Request::Print::Script:
+    case Print::Script:
         window.btnPrint.Push();
         break;
-    case Request::Print::Sheet:
+    case Print::Sheet:
         window.btnPrintCharacters.Push();
         break;
     }
@@ -106,6 +99,7 @@ void carryOut(const Request& request, Window1& window)
 {
     switch (request.command) {
     case Request::Command::Export:
+        window.exportScale = request.scale;
         window.ChooseMenu(request.pictureSet ? "mnuExportPictureSeries" : "mnuSavePicture");
         break;
     case Request::Command::Sheet:
@@ -138,7 +132,7 @@ std::vector<std::string> outputNames(const Request& request, const std::string& 
     case Request::Command::Sheet:
         return {sheetFileName(name)};
     case Request::Command::Print:
-        return {Trim(name + printNames.at(request.what))};
+        return {printTitle(name, request.what) + ".pdf"};
     default:
         return request.pictureSet ? seriesFileNames(name) : std::vector{pictureFileName(name)};
     }

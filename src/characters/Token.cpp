@@ -69,19 +69,14 @@ Ref<Picture> cCharacter::SizeIcon() const
     return sized;
 }
 
-/// Rows are exchanged pixel by pixel: drawing scaled would smooth them.
 Ref<Picture> cCharacter::FlipIcon(const Ref<Picture>& src)
 {
     const auto width = src->Width();
     const auto height = src->Height();
     auto flipped = New<Picture>(width, height, 32);
-    auto work = New<Picture>(width, height, 32);
-    work->Graphics().DrawPicture(src, 0, 0);
-    const auto from = work->RGBSurface();
-    auto to = flipped->RGBSurface();
-    for (std::int64_t x = 0; x < width; ++x)
-        for (std::int64_t y = 0; y < height; ++y)
-            to.SetPixel(x, height - y - 1, from.Pixel(x, y));
+    PixmapShape shape(src);
+    shape.UpsideDown = true;
+    flipped->Graphics().DrawObject(shape, static_cast<double>(width) / 2, static_cast<double>(height) / 2);
     return flipped;
 }
 

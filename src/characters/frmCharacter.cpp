@@ -21,9 +21,8 @@ constexpr std::int64_t highestNumber = 99;
 
 } // namespace
 
-frmCharacter::frmCharacter() : Window(Kind::Modal, "Character", 267, 344), before_(*useThisCharacter)
+frmCharacter::frmCharacter() : Window(Kind::Modal, "Character", 267, 344)
 {
-    theEditor = this;
     Canvas1.AccessibleName = "Token";
     Canvas2.AccessibleName = "Picture of the token";
     TextField1.AccessibleName = "Number";
@@ -47,6 +46,8 @@ bool frmCharacter::HasChanged() const
 
 void frmCharacter::Event_Open()
 {
+    before_ = *useThisCharacter;
+    theEditor = this;
     if (useThisCharacter->Number >= 1)
         TextField1.Text = Str(useThisCharacter->Number);
 }

@@ -12,11 +12,13 @@ public:
     void MsgBox(const std::string& message) override;
     bool SelectColor(Color& color, const std::string& prompt) override;
     Ref<FolderItem> GetOpenFolderItem(const FileFilter& filter) override;
-    Ref<FolderItem> GetSaveFolderItem(const FileFilter& filter, const std::string& defaultName) override;
+    Ref<FolderItem> GetSaveFolderItem(const FileFilter& filter, const std::string& defaultName,
+                                      std::size_t* chosenKind) override;
     Ref<MenuItem> PopUp(const MenuItem& base) override;
     void ShowModal(Window& window) override;
     bool PageSetupDialog(PrinterSetup& setup) override;
-    std::unique_ptr<Graphics> OpenPrinterDialog(const PrinterSetup& setup, Window& parent) override;
+    std::unique_ptr<Graphics> OpenPrinterDialog(const PrinterSetup& setup, Window& parent,
+                                                const std::string& title) override;
     bool Launch(const FolderItem& file) override;
     bool AsyncShiftKey() const override;
     bool AsyncControlKey() const override;

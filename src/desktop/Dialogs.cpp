@@ -37,9 +37,11 @@ QStringList extensionsOf(const FileType& type)
     return qtText(type.Extensions).split(';', Qt::SkipEmptyParts);
 }
 
-/// All kinds of file as one filter, as in "Bitmap, PNG (*.bmp *.png)".
-QString nameFilter(const FileFilter& filter)
+/// All kinds of file as one filter, as in "Bitmap, PNG (*.bmp *.png)"; none for any file.
+QStringList nameFilters(const FileFilter& filter)
 {
+    if (filter.empty())
+        return {};
     QStringList names;
     QStringList patterns;
     for (const FileType& type : filter) {
@@ -47,7 +49,7 @@ QString nameFilter(const FileFilter& filter)
         for (const QString& extension : extensionsOf(type))
             patterns += '*' + extension;
     }
-    return names.join(", ") + " (" + patterns.join(' ') + ')';
+    return {names.join(", ") + " (" + patterns.join(' ') + ')'};
 }
 
 /// A dialog that gives the typed name an extension when it has none of the filter's. Qt's own way adds none to
@@ -87,12 +89,12 @@ private:
 
 /// `name` is what a new file is proposed to be called. It comes last, as a filter gives the name that stands there its
 /// own first extension.
-Ref<FolderItem> chosenFile(QFileDialog& dialog, const FileFilter& filter, const QString& name = {})
+Ref<FolderItem> chosenFile(QFileDialog& dialog, const QStringList& filters, const QString& name = {})
 {
     dialog.setOption(QFileDialog::DontUseNativeDialog);
     dialog.setDirectory(lastFolder());
-    if (!filter.empty())
-        dialog.setNameFilter(nameFilter(filter));
+    if (!filters.empty())
+        dialog.setNameFilters(filters);
     if (!name.isEmpty())
         dialog.selectFile(name);
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
@@ -107,6 +109,11 @@ Ref<FolderItem> chosenFile(QFileDialog& dialog, const FileFilter& filter, const 
 void rememberFolderOf(const FolderItem& file)
 {
     lastFolder() = QFileInfo(QtBridge::qtPath(file.Path())).absolutePath();
+}
+
+QString currentFolder()
+{
+    return lastFolder();
 }
 
 QWidget* frontWidget()
@@ -164,12 +171,13 @@ Ref<FolderItem> DesktopPlatform::GetOpenFolderItem(const FileFilter& filter)
 {
     QFileDialog dialog(frontWidget(), QStringLiteral("Open"));
     dialog.setFileMode(QFileDialog::ExistingFile);
-    return chosenFile(dialog, filter);
+    return chosenFile(dialog, nameFilters(filter));
 }
 
 /// Proposes a name, adds that name's extension (or else the filter's first) to what the person types without one, and
 /// asks before an existing file is replaced.
-Ref<FolderItem> DesktopPlatform::GetSaveFolderItem(const FileFilter& filter, const std::string& defaultName)
+Ref<FolderItem> DesktopPlatform::GetSaveFolderItem(const FileFilter& filter, const std::string& defaultName,
+                                                   std::size_t* chosenKind)
 {
     const QString name = qtText(defaultName);
     QStringList extensions;
@@ -179,7 +187,14 @@ Ref<FolderItem> DesktopPlatform::GetSaveFolderItem(const FileFilter& filter, con
     if (proposed.size() > 1 && (extensions.isEmpty() || extensions.contains(proposed)))
         extensions.prepend(proposed);
     SaveDialog dialog(frontWidget(), extensions);
-    return chosenFile(dialog, filter, name);
+    if (!chosenKind)
+        return chosenFile(dialog, nameFilters(filter), name);
+    QStringList kinds;
+    for (const FileType& kind : filter)
+        kinds += nameFilters({kind});
+    auto file = chosenFile(dialog, kinds, name);
+    *chosenKind = static_cast<std::size_t>(std::max<qsizetype>(0, kinds.indexOf(dialog.selectedNameFilter())));
+    return file;
 }
 
 } // namespace quorrin

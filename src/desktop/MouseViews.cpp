@@ -135,7 +135,7 @@ private:
         const auto& cursor = canvas_.MouseCursor;
         if (cursor.Image)
             Widget()->setCursor(
-                QCursor(QPixmap::fromImage(QtBridge::drawnImage(*cursor.Image)), cursor.HotX, cursor.HotY));
+                QCursor(QPixmap::fromImage(QtBridge::drawnImage(*cursor.Image, Widget()->devicePixelRatioF())), cursor.HotX, cursor.HotY));
     }
     Canvas& canvas_;
 };

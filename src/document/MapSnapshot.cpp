@@ -1,7 +1,6 @@
 #include "document/MapSnapshot.h"
 
 #include "document/MapMarks.h"
-#include "document/Window1.h"
 
 namespace quorrin {
 
@@ -16,7 +15,7 @@ void MapSnapshot::Write(const std::function<void(std::string_view)>& take) const
             take(EncodeBase64(part.text.get(), base64Line));
             break;
         case Part::Drawing:
-            take(Window1::ConvertPictureToData(part.picture));
+            take(EncodeBase64(part.picture->FlattenedPng(), base64Line));
             break;
         }
     }
@@ -27,11 +26,6 @@ std::string MapSnapshot::Text() const
     std::string text;
     Write([&text](std::string_view piece) { text += piece; });
     return text;
-}
-
-bool MapSnapshot::Part::operator==(const Part& other) const
-{
-    return kind == other.kind && text == other.text && (!picture || picture->SharesPixels(*other.picture));
 }
 
 } // namespace quorrin

@@ -1,10 +1,10 @@
 #pragma once
 
-#include "toolkit/Picture.h"
-#include "toolkit/Ref.h"
+#include "toolkit/FrozenPicture.h"
 #include "toolkit/SharedText.h"
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -15,10 +15,10 @@ namespace quorrin {
 /// text is made when it is asked for, in whatever thread.
 class MapSnapshot {
 public:
-    void Add(std::string text) { parts_.push_back({Part::Plain, std::move(text), nullptr}); }
-    void AddBase64(SharedText bytes) { parts_.push_back({Part::Base64, std::move(bytes), nullptr}); }
+    void Add(std::string text) { parts_.push_back({Part::Plain, std::move(text), {}}); }
+    void AddBase64(SharedText bytes) { parts_.push_back({Part::Base64, std::move(bytes), {}}); }
     /// A picture, as it is now.
-    void AddPicture(const Ref<Picture>& picture) { parts_.push_back({Part::Drawing, {}, picture->Frozen()}); }
+    void AddPicture(Picture& picture) { parts_.push_back({Part::Drawing, {}, FrozenPicture(picture)}); }
 
     /// Hands out the text of the map file, piece by piece.
     void Write(const std::function<void(std::string_view)>& take) const;
@@ -31,8 +31,8 @@ private:
     struct Part {
         enum Kind { Plain, Base64, Drawing } kind;
         SharedText text;
-        Ref<Picture> picture;
-        bool operator==(const Part& other) const;
+        std::optional<FrozenPicture> picture;
+        friend bool operator==(const Part&, const Part&) = default;
     };
     std::vector<Part> parts_;
 };

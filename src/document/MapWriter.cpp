@@ -47,7 +47,7 @@ MapSnapshot Window1::Snapshot(const Ref<Picture>& drawing) const
     MapSnapshot map;
     map.Add(field(pmLandscape) + field(pmBackground) + field(cbOverlayUserPict));
     if (drawing)
-        map.AddPicture(drawing);
+        map.AddPicture(*drawing);
     map.Add(field("") + SectionMark + field(pmGrid) + field(cbShowClickable) + SectionMark
             + items(mySquares, [](const cSquare& square) { return square.Wall->toSave(); }) + SectionMark
             + squareItems(pmColorBW, mySquares) + SectionMark + field(cbShowDMObjects));

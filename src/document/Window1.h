@@ -205,6 +205,8 @@ public:
     void mSavePicture();
     bool _mnuSavePicture_Action();
     bool _mnuExportPictureSeries_Action();
+    /// The least pixels a unit that exported pictures have, 1 to 8. The person's choice of a file type may ask for more.
+    int exportScale = 1;
     /// A new picture: the source a quarter turn clockwise.
     static Ref<Picture> RotatePict90(const Ref<Picture>& src);
     bool _mnPageSetup_Action();

@@ -1,9 +1,12 @@
 #include "output/Export.h"
 
 #include "app/Module1.h"
+#include "document/FileTypes1.h"
 #include "document/Window1.h"
 #include "toolkit/Platform.h"
 #include "toolkit/Text.h"
+
+#include <algorithm>
 
 namespace quorrin {
 
@@ -14,11 +17,29 @@ constexpr int bestQuality = 100;
 /// The constant of a quarter turn; it differs from the exact one by far less than a pixel.
 constexpr double quarterTurn = 1.570795;
 
+/// The kinds of picture that the person can choose from, and the pixels a unit of each.
+struct PictureKind {
+    FileType type;
+    int scale;
+};
+const PictureKind pictureKinds[] = {
+    {FileTypes1::PngPicture, 1},
+    {FileTypes1::SharpPngPicture, 4},
+};
+
 /// Asks for a file and writes the page to it; nothing happens when the person cancels.
 void savePageAs(Window1& window, const std::string& name)
 {
-    if (const auto file = GetSaveFolderItem({}, name))
-        window.myImage->Save(file, PictureFormat::Png, bestQuality);
+    FileFilter types;
+    for (const auto& kind : pictureKinds)
+        types.push_back(kind.type);
+    std::size_t chosen = 0;
+    const auto file = GetSaveFolderItem(types, name, &chosen);
+    if (!file)
+        return;
+    const int scale = std::max(window.exportScale, pictureKinds[chosen].scale);
+    const auto picture = scale == 1 ? window.myImage : window.myImage->Enlarged(scale);
+    picture->Save(file, PictureFormat::Png, bestQuality);
 }
 
 /// One picture of the series. Black and white ones lie on white, with the walls in black.

@@ -1,17 +1,16 @@
 #include "toolkit/Graphics.h"
 
+#include "toolkit/LaidOutText.h"
+#include "toolkit/PictureSource.h"
 #include "toolkit/QtBridge.h"
 
 #include <QFontMetricsF>
 #include <QPainter>
-#include <QPainterPath>
 #include <QPolygonF>
-#include <QTextLayout>
 #include <QTransform>
 
 #include <algorithm>
 #include <cmath>
-#include <list>
 #include <numbers>
 
 namespace quorrin {
@@ -30,13 +29,18 @@ QColor qtColor(Color color)
     return {color.red, color.green, color.blue, 255 - color.transparency};
 }
 
-/// The area, on whole pixels where the device has such.
+QString qtString(std::string_view text)
+{
+    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+/// The area, on whole units where the device has such.
 QRectF placed(const GraphicsDevice& device, double x, double y, double width, double height)
 {
     // The edges are bounded, not the size: an area that begins far outside reaches as far as it did.
     const QPointF from(bounded(x), bounded(y));
     const QPointF to(bounded(x + width), bounded(y + height));
-    if (!device.exactPixels())
+    if (!device.wholeUnits())
         return {from, to};
     return {QPointF(std::floor(from.x()), std::floor(from.y())), QPointF(std::floor(to.x()), std::floor(to.y()))};
 }
@@ -53,79 +57,25 @@ QPolygonF sweptPen(QPointF from, QPointF to, double penWidth, double penHeight)
     return {{from, to, to + right, to + right + down, from + right + down, from + down}};
 }
 
-/// The pen set down at every step of the line, so that nothing is smoothed and nothing left out.
-void stampPen(QPainter& painter, QPointF from, QPointF to, double penWidth, double penHeight, const QColor& color)
-{
-    const QPointF way = to - from;
-    const int steps = static_cast<int>(std::max(std::abs(way.x()), std::abs(way.y())));
-    for (int step = 0; step <= steps; ++step) {
-        const QPointF at = from + way * step / steps;
-        painter.fillRect(QRectF(std::round(at.x()), std::round(at.y()), penWidth, penHeight), color);
-    }
-}
-
-/// What is seen of a picture, all pixels that its size asks for.
-QImage imageAtItsSize(Picture& picture)
-{
-    const QImage image = QtBridge::drawnImage(picture);
-    const QSize size(static_cast<int>(picture.Width()), static_cast<int>(picture.Height()));
-    return image.isNull() || image.size() == size ? image
-                                                  : image.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
-}
-
-/// A text broken into paragraphs and these into lines.
-class LaidOutText {
-public:
-    LaidOutText(std::string_view text, const QFont& font, double wrapWidth) : metrics_(font)
-    {
-        QString all = QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-        all.replace("\r\n", "\n").replace('\r', '\n');
-        if (all.endsWith('\n'))
-            all.chop(1);
-        for (const QString& paragraph : all.split('\n'))
-            addParagraph(paragraph, font, bounded(wrapWidth));
-    }
-
-    double height() const { return lines_ * metrics_.lineSpacing(); }
-
-    void draw(QPainter& painter, QPointF firstBaseLine) const
-    {
-        for (const QTextLayout& layout : paragraphs_)
-            layout.draw(&painter, firstBaseLine - QPointF(0, metrics_.ascent()));
-    }
-
-private:
-    void addParagraph(const QString& paragraph, const QFont& font, double wrapWidth)
-    {
-        QTextLayout& layout = paragraphs_.emplace_back(paragraph, font);
-        QTextOption option;
-        option.setWrapMode(wrapWidth > 0 ? QTextOption::WrapAtWordBoundaryOrAnywhere : QTextOption::ManualWrap);
-        layout.setTextOption(option);
-        layout.beginLayout();
-        for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
-            line.setLineWidth(wrapWidth > 0 ? wrapWidth : 1e6);
-            line.setPosition({0, lines_ * metrics_.lineSpacing()});
-            ++lines_;
-        }
-        layout.endLayout();
-    }
-
-    QFontMetricsF metrics_;
-    std::list<QTextLayout> paragraphs_;
-    int lines_ = 0;
-};
-
 struct PainterDevice : GraphicsDevice {
-    PainterDevice(QPainter& painter, double width, double height) : painter_(painter), width_(width), height_(height) {}
-    QPainter* painter() override { return &painter_; }
+    PainterDevice(QPainter& painter, double width, double height)
+        : surface_{painter, Surface::Kind::Screen, static_cast<int>(std::ceil(painter.device()->devicePixelRatioF()))},
+          width_(width), height_(height)
+    {}
     double width() const override { return width_; }
     double height() const override { return height_; }
+    void draw(Step step) override { carryOut(step, surface_); }
 
 private:
-    QPainter& painter_;
+    Surface surface_;
     double width_;
     double height_;
 };
+
+QRectF wholePart(const PictureSource& source)
+{
+    return {QPointF(0, 0), QSizeF(source.size())};
+}
 
 } // namespace
 
@@ -151,8 +101,8 @@ void Graphics::NextPage()
 
 void Graphics::FillRect(double x, double y, double width, double height)
 {
-    if (QPainter* painter = device_->painter(); painter && width > 0 && height > 0)
-        painter->fillRect(placed(*device_, x, y, width, height), qtColor(ForeColor));
+    if (width > 0 && height > 0)
+        device_->draw(FillStep{placed(*device_, x, y, width, height), qtColor(ForeColor)});
 }
 
 void Graphics::DrawRect(double x, double y, double width, double height)
@@ -167,15 +117,9 @@ void Graphics::DrawRect(double x, double y, double width, double height)
 
 void Graphics::DrawOval(double x, double y, double width, double height)
 {
-    QPainter* painter = device_->painter();
-    if (!painter || width <= 0 || height <= 0)
-        return;
-    const QRectF outside = placed(*device_, x, y, width, height);
-    QPainterPath ring;
-    ring.addEllipse(outside);
-    ring.addEllipse(outside.adjusted(PenWidth, PenHeight, -PenWidth, -PenHeight));
-    painter->setRenderHint(QPainter::Antialiasing, AntiAlias);
-    painter->fillPath(ring, qtColor(ForeColor));
+    if (width > 0 && height > 0)
+        device_->draw(
+            RingStep{placed(*device_, x, y, width, height), PenWidth, PenHeight, qtColor(ForeColor), AntiAlias});
 }
 
 void Graphics::DrawLine(double x1, double y1, double x2, double y2)
@@ -183,95 +127,65 @@ void Graphics::DrawLine(double x1, double y1, double x2, double y2)
     if (x1 == x2 || y1 == y2)
         return FillRect(std::min(x1, x2), std::min(y1, y2), std::abs(x2 - x1) + PenWidth,
                         std::abs(y2 - y1) + PenHeight);
-    QPainter* painter = device_->painter();
-    if (!painter)
-        return;
     const QPointF from(bounded(x1), bounded(y1));
     const QPointF to(bounded(x2), bounded(y2));
-    if (!AntiAlias)
-        return stampPen(*painter, from, to, PenWidth, PenHeight, qtColor(ForeColor));
-    QPainterPath path;
-    path.addPolygon(sweptPen(from, to, PenWidth, PenHeight));
-    painter->setRenderHint(QPainter::Antialiasing);
-    painter->fillPath(path, qtColor(ForeColor));
+    if (AntiAlias)
+        device_->draw(SweptStep{sweptPen(from, to, PenWidth, PenHeight), qtColor(ForeColor)});
+    else
+        device_->draw(StampedStep{from, to, PenWidth, PenHeight, qtColor(ForeColor)});
 }
 
 void Graphics::DrawPicture(const Ref<Picture>& picture, double x, double y)
 {
-    const QImage image = imageAtItsSize(*picture);
-    QPainter* painter = image.isNull() ? nullptr : device_->painter();
-    if (!painter)
+    const auto source = QtBridge::seen(*picture);
+    if (source->isClear())
         return;
-    const QRectF area =
-        placed(*device_, x, y, static_cast<double>(picture->Width()), static_cast<double>(picture->Height()));
-    if (device_->exactPixels())
-        painter->drawImage(area.topLeft(), image);
-    else
-        painter->drawImage(area, image);
+    const QRectF whole = wholePart(*source);
+    device_->draw(PictureStep{source, placed(*device_, x, y, whole.width(), whole.height()), whole,
+                              PictureStep::Fit::Natural});
 }
 
 void Graphics::DrawPicture(const Ref<Picture>& picture, double x, double y, double destWidth, double destHeight,
                            double sourceX, double sourceY, double sourceWidth, double sourceHeight)
 {
-    const QImage image = QtBridge::drawnImage(*picture);
-    QPainter* painter = image.isNull() ? nullptr : device_->painter();
-    if (!painter)
+    const auto source = QtBridge::seen(*picture);
+    if (source->isClear())
         return;
-    const QRectF area = placed(*device_, x, y, destWidth, destHeight);
-    const double perColumn = static_cast<double>(image.width()) / static_cast<double>(picture->Width());
-    const double perRow = static_cast<double>(image.height()) / static_cast<double>(picture->Height());
-    const QRect source = QRectF(bounded(sourceX) * perColumn, bounded(sourceY) * perRow,
-                                bounded(sourceWidth) * perColumn, bounded(sourceHeight) * perRow)
-                             .toRect()
-                         & image.rect();
-    if (source.isEmpty() || area.width() <= 0 || area.height() <= 0)
-        return;
-    if (device_->exactPixels() && area.size() == source.size())
-        return painter->drawImage(area.topLeft(), image, source);
-    painter->setRenderHint(QPainter::SmoothPixmapTransform);
-    // A painter looks at four pixels of the source for each of its own, too few where a picture becomes much smaller.
-    if (device_->exactPixels())
-        painter->drawImage(area.topLeft(), image.copy(source).scaled(area.size().toSize(), Qt::IgnoreAspectRatio,
-                                                                     Qt::SmoothTransformation));
-    else
-        painter->drawImage(area, image, source);
+    const QRectF part(bounded(sourceX), bounded(sourceY), bounded(sourceWidth), bounded(sourceHeight));
+    device_->draw(
+        PictureStep{source, placed(*device_, x, y, destWidth, destHeight), part, PictureStep::Fit::Scaled});
 }
 
 void Graphics::DrawObject(const PixmapShape& shape, double x, double y)
 {
-    QImage image = imageAtItsSize(*shape.Image);
-    QPainter* painter = image.isNull() ? nullptr : device_->painter();
-    if (!painter)
+    const auto source = QtBridge::seen(*shape.Image);
+    if (source->isClear())
         return;
     // Whole quarter turns move pixels and lose none; the constants that callers use come close enough to count as such.
     const double quarters = shape.Rotation / (std::numbers::pi / 2);
     const bool exact = std::abs(quarters - std::round(quarters)) < 1e-4;
     const double degrees = exact ? std::round(quarters) * 90 : shape.Rotation * 180 / std::numbers::pi;
-    image = image.transformed(QTransform().rotate(degrees), exact ? Qt::FastTransformation : Qt::SmoothTransformation);
-    const QRectF area =
-        placed(*device_, x - image.width() / 2.0, y - image.height() / 2.0, image.width(), image.height());
-    painter->drawImage(area.topLeft(), image);
+    const QRectF whole = wholePart(*source);
+    const QSizeF turned = QTransform().rotate(degrees).mapRect(whole).size();
+    device_->draw(PictureStep{source,
+                              placed(*device_, x - turned.width() / 2, y - turned.height() / 2, turned.width(),
+                                     turned.height()),
+                              whole, PictureStep::Fit::Turned, degrees, shape.UpsideDown});
 }
 
-void Graphics::DrawString(std::string_view text, double x, double y, double wrapWidth, bool)
+void Graphics::DrawString(std::string_view text, double x, double y, double wrapWidth)
 {
-    QPainter* painter = device_->painter();
-    if (!painter)
-        return;
-    painter->setPen(qtColor(ForeColor));
-    painter->setRenderHint(QPainter::TextAntialiasing);
-    LaidOutText(text, QtBridge::font(TextSize), wrapWidth).draw(*painter, {bounded(x), bounded(y)});
+    device_->draw(TextStep{qtString(text), {bounded(x), bounded(y)}, TextSize, bounded(wrapWidth), qtColor(ForeColor)});
 }
 
 double Graphics::StringWidth(std::string_view text) const
 {
-    const QString all = QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-    return QFontMetricsF(QtBridge::font(TextSize)).horizontalAdvance(all);
+    return QFontMetricsF(QtBridge::font(TextSize)).horizontalAdvance(qtString(text));
 }
 
 double Graphics::StringHeight(std::string_view text, double wrapWidth) const
 {
-    return LaidOutText(text, QtBridge::font(TextSize), wrapWidth).height();
+    return LaidOutText(qtString(text), QtBridge::font(TextSize), bounded(wrapWidth)).height();
 }
 
 std::unique_ptr<Graphics> QtBridge::graphics(QPainter& painter, double width, double height)

@@ -49,9 +49,9 @@ public:
     /// The shape with its centre at x, y.
     void DrawObject(const PixmapShape& shape, double x, double y);
 
-    /// Text whose first base line starts at x, y; CR, LF and CR LF begin a new line. With a wrap width above 0, lines
+    /// Text whose first baseline starts at x, y; CR, LF and CR LF begin a new line. With a wrap width above 0, lines
     /// break between words there.
-    void DrawString(std::string_view text, double x, double y, double wrapWidth = 0, bool condense = false);
+    void DrawString(std::string_view text, double x, double y, double wrapWidth = 0);
     double StringWidth(std::string_view text) const;
     /// The height of all lines of the text, wrapped at `wrapWidth` when that is above 0. A break at the very end of
     /// the text begins no further line.

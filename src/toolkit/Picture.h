@@ -16,10 +16,15 @@ class Graphics;
 class RGBSurface;
 struct QtBridge;
 
+/// The most pixels that a unit of a picture is drawn with.
+inline constexpr int largestPictureScale = 8;
+
 /// File formats of Picture::Save, by the numbers that the program uses for them.
 enum class PictureFormat { Default = 0, Png = 150, Jpeg = 151 };
 
-/// A raster picture. Sizes are units of the page; a picture without area is allowed and takes no drawing.
+/// A raster picture. Sizes are units of the page; at its natural size it has one pixel a unit. A picture remembers what
+/// was drawn on it, so that screens and paper of more pixels get it as sharp as they are. A picture without area is
+/// allowed and takes no drawing.
 class Picture {
 public:
     /// The form with an alpha channel, completely clear. Costs nothing until something is drawn on it.
@@ -45,13 +50,18 @@ public:
     /// no more than that many pixels.
     static Ref<Picture> FromData(const std::string& bytes, std::int64_t mostPixels = anyNumberOfPixels);
 
-    /// A picture of the same pixels, which stay as they are when this one is drawn on. Copies none until then.
-    Ref<Picture> Frozen() const;
-    /// Whether one is a frozen copy of the other, or both are of a third, and neither was drawn on since.
-    bool SharesPixels(const Picture& other) const;
+    /// How many bytes more than usual an image file unpacks to for its length; 0 for almost all pictures.
+    static std::int64_t ExcessOf(const std::string& bytes);
 
     /// A copy on white, opaque.
     Ref<Picture> Flattened();
+
+    /// The picture with `scale` pixels, 1 to 8, where it has one: what was drawn is drawn again that much larger. Each
+    /// of these pixels is a unit of the result.
+    Ref<Picture> Enlarged(int scale) const;
+
+    /// Forgets how the picture was drawn: from now on it is its pixels at natural size, as in a file.
+    void KeepPixels();
 
     /// Writes the picture to a file, replacing it only when all is safely on disk. `quality` (0 to 100) counts for
     /// JPEG alone: PNG loses nothing at any. Raises IOException when the file cannot be written.
@@ -78,8 +88,9 @@ public:
 private:
     friend class quorrin::RGBSurface;
     friend struct QtBridge;
-    struct Pixels;
-    std::unique_ptr<Pixels> pixels_;
+    struct Content;
+    explicit Picture(std::unique_ptr<Content> content);
+    std::unique_ptr<Content> content_;
 };
 
 /// Reads and writes single pixels of a picture, x and y from 0; outside the picture white is read and nothing written.
@@ -94,11 +105,13 @@ private:
     Picture& picture_;
 };
 
-/// A picture as a shape that can be turned about its centre. `Rotation` is in radians, clockwise.
+/// A picture as a shape that can be turned about its centre. `Rotation` is in radians, clockwise; what comes of it may
+/// be stood upside down, as in a mirror below it.
 struct PixmapShape {
     explicit PixmapShape(Ref<Picture> source) : Image(std::move(source)) {}
     Ref<Picture> Image;
     double Rotation = 0;
+    bool UpsideDown = false;
 };
 
 } // namespace quorrin

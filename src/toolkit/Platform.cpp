@@ -60,14 +60,14 @@ Ref<FolderItem> GetOpenFolderItem(const FileFilter& filter)
     return platform().GetOpenFolderItem(filter);
 }
 
-Ref<FolderItem> GetSaveFolderItem(const FileFilter& filter, const std::string& defaultName)
+Ref<FolderItem> GetSaveFolderItem(const FileFilter& filter, const std::string& defaultName, std::size_t* chosenKind)
 {
-    return platform().GetSaveFolderItem(filter, defaultName);
+    return platform().GetSaveFolderItem(filter, defaultName, chosenKind);
 }
 
-std::unique_ptr<Graphics> OpenPrinterDialog(const Ref<PrinterSetup>& setup, Window& parent)
+std::unique_ptr<Graphics> OpenPrinterDialog(const Ref<PrinterSetup>& setup, Window& parent, const std::string& title)
 {
-    return platform().OpenPrinterDialog(*setup, parent);
+    return platform().OpenPrinterDialog(*setup, parent, title);
 }
 
 bool IsContextualClick()

@@ -59,14 +59,18 @@ public:
     virtual bool SelectColor(Color& color, const std::string& prompt) = 0;
     /// Nil when cancelled, here and below.
     virtual Ref<FolderItem> GetOpenFolderItem(const FileFilter& filter) = 0;
-    virtual Ref<FolderItem> GetSaveFolderItem(const FileFilter& filter, const std::string& defaultName) = 0;
+    /// With `chosenKind`, each kind of the filter is a choice of its own, and the place of the chosen one is told.
+    virtual Ref<FolderItem> GetSaveFolderItem(const FileFilter& filter, const std::string& defaultName,
+                                              std::size_t* chosenKind) = 0;
     /// Shows the entries of `base` as a menu at the mouse.
     virtual Ref<MenuItem> PopUp(const MenuItem& base) = 0;
     /// Opens the window and returns when it has closed.
     virtual void ShowModal(Window& window) = 0;
     virtual bool PageSetupDialog(PrinterSetup& setup) = 0;
-    /// The pages of the printer that the person chose, in points of the printable size, with `Copies`.
-    virtual std::unique_ptr<Graphics> OpenPrinterDialog(const PrinterSetup& setup, Window& parent) = 0;
+    /// The pages of the printer that the person chose, in points of the printable size, with `Copies`. The title names
+    /// the job, and the file that is proposed for a print to a file.
+    virtual std::unique_ptr<Graphics> OpenPrinterDialog(const PrinterSetup& setup, Window& parent,
+                                                        const std::string& title) = 0;
     /// Hands a file to the program that the system has registered for it; false when that fails.
     virtual bool Launch(const FolderItem& file) = 0;
     virtual bool AsyncShiftKey() const = 0;
@@ -86,8 +90,9 @@ Platform& platform();
 void MsgBox(const std::string& message);
 bool SelectColor(Color& color, const std::string& prompt);
 Ref<FolderItem> GetOpenFolderItem(const FileFilter& filter);
-Ref<FolderItem> GetSaveFolderItem(const FileFilter& filter, const std::string& defaultName);
-std::unique_ptr<Graphics> OpenPrinterDialog(const Ref<PrinterSetup>& setup, Window& parent);
+Ref<FolderItem> GetSaveFolderItem(const FileFilter& filter, const std::string& defaultName,
+                                  std::size_t* chosenKind = nullptr);
+std::unique_ptr<Graphics> OpenPrinterDialog(const Ref<PrinterSetup>& setup, Window& parent, const std::string& title);
 bool IsContextualClick();
 
 namespace Keyboard {

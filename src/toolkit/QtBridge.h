@@ -3,6 +3,7 @@
 // The one header of the toolkit that names Qt types. It is for the toolkit's own .cpp files and for src/desktop.
 
 #include "toolkit/Graphics.h"
+#include "toolkit/Painting.h"
 #include "toolkit/Picture.h"
 
 #include <QFont>
@@ -17,17 +18,17 @@ class QPainter;
 
 namespace quorrin {
 
+class Drawing;
 struct PrinterSetup;
 
 /// What a Graphics draws on.
 struct GraphicsDevice {
     virtual ~GraphicsDevice() = default;
-    /// Nil when the surface has no area.
-    virtual QPainter* painter() = 0;
     virtual double width() const = 0;
     virtual double height() const = 0;
-    /// Whether one unit is one pixel, so that everything is placed on whole ones.
-    virtual bool exactPixels() const { return true; }
+    /// Whether everything is placed on whole units, as their edges are edges of pixels.
+    virtual bool wholeUnits() const { return true; }
+    virtual void draw(Step step) = 0;
     virtual void nextPage() {}
 };
 
@@ -36,13 +37,21 @@ struct QtBridge {
     static QString qtPath(const std::string& path);
     static std::string plainPath(const QString& path);
 
-    /// The picture's own pixels, without `Mask` and `Transparent`.
-    static const QImage& image(const Picture& picture);
-    /// What is seen of the picture when it is drawn.
-    static QImage drawnImage(Picture& picture);
-    static Ref<Picture> picture(QImage image);
+    /// The picture's own pixels at natural size, without `Mask` and `Transparent`.
+    static QImage image(const Picture& picture);
+    /// What is seen of the picture when it is drawn, as it is now.
+    static std::shared_ptr<const PictureSource> seen(Picture& picture);
+    /// The same as an image of so many pixels a unit, which is its device pixel ratio, too.
+    static QImage drawnImage(Picture& picture, double pixelsPerUnit = 1);
+    /// A copy that is opaque.
+    static QImage onWhite(const QImage& image);
+    /// Nil for nil.
+    static Ref<Picture> picture(std::shared_ptr<Drawing> drawing);
     /// The bytes of a PNG file of the image. Raises IOException for an image without pixels.
     static std::string png(const QImage& image);
+    /// The bytes of a JPEG file of the image in full colour (4:4:4), `quality` from 1 to 100. Raises IOException when it
+    /// cannot be encoded.
+    static std::string jpeg(const QImage& image, int quality);
 
     /// A surface on a painter that somebody else keeps open, `width` by `height` units.
     static std::unique_ptr<Graphics> graphics(QPainter& painter, double width, double height);

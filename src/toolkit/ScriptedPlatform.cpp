@@ -25,8 +25,11 @@ Ref<FolderItem> ScriptedPlatform::GetOpenFolderItem(const FileFilter& filter)
     return open ? open(filter) : nullptr;
 }
 
-Ref<FolderItem> ScriptedPlatform::GetSaveFolderItem(const FileFilter&, const std::string& defaultName)
+Ref<FolderItem> ScriptedPlatform::GetSaveFolderItem(const FileFilter&, const std::string& defaultName,
+                                                    std::size_t* chosenKind)
 {
+    if (chosenKind)
+        *chosenKind = kindOfFile;
     proposedNames.push_back(defaultName);
     return save ? save(defaultName) : nullptr;
 }
@@ -50,8 +53,9 @@ bool ScriptedPlatform::PageSetupDialog(PrinterSetup& setup)
     return pageSetup && pageSetup(setup);
 }
 
-std::unique_ptr<Graphics> ScriptedPlatform::OpenPrinterDialog(const PrinterSetup& setup, Window&)
+std::unique_ptr<Graphics> ScriptedPlatform::OpenPrinterDialog(const PrinterSetup& setup, Window&, const std::string& title)
 {
+    proposedNames.push_back(title);
     return printer ? printer(setup) : nullptr;
 }
 

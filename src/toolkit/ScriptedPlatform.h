@@ -17,6 +17,8 @@ public:
     std::function<bool(Color&)> selectColor;
     std::function<Ref<FolderItem>(const FileFilter&)> open;
     std::function<Ref<FolderItem>(const std::string& defaultName)> save;
+    /// Which of the kinds of file that a save dialog offers is chosen, from 0.
+    std::size_t kindOfFile = 0;
     std::function<Ref<MenuItem>(const MenuItem&)> popUp;
     std::function<void(Window&)> modal;
     std::function<bool(PrinterSetup&)> pageSetup;
@@ -29,18 +31,20 @@ public:
     std::vector<std::string> messages;
     /// The messages of the questions asked.
     std::vector<std::string> questions;
-    /// The names that save dialogs proposed.
+    /// The names that save dialogs proposed, and the titles of print jobs.
     std::vector<std::string> proposedNames;
 
     MessageDialog::Answer Ask(const MessageDialog& dialog) override;
     void MsgBox(const std::string& message) override;
     bool SelectColor(Color& color, const std::string& prompt) override;
     Ref<FolderItem> GetOpenFolderItem(const FileFilter& filter) override;
-    Ref<FolderItem> GetSaveFolderItem(const FileFilter& filter, const std::string& defaultName) override;
+    Ref<FolderItem> GetSaveFolderItem(const FileFilter& filter, const std::string& defaultName,
+                                      std::size_t* chosenKind) override;
     Ref<MenuItem> PopUp(const MenuItem& base) override;
     void ShowModal(Window& window) override;
     bool PageSetupDialog(PrinterSetup& setup) override;
-    std::unique_ptr<Graphics> OpenPrinterDialog(const PrinterSetup& setup, Window& parent) override;
+    std::unique_ptr<Graphics> OpenPrinterDialog(const PrinterSetup& setup, Window& parent,
+                                                const std::string& title) override;
     bool Launch(const FolderItem& file) override;
     bool AsyncShiftKey() const override { return shiftKey; }
     bool AsyncControlKey() const override { return controlKey; }

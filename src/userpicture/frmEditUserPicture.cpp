@@ -38,7 +38,6 @@ Ref<Picture> copyOf(const Ref<Picture>& source)
 
 frmEditUserPicture::frmEditUserPicture() : Window(Kind::Modal, "Edit User Picture", 1100, 796)
 {
-    theEditor = this;
     Canvas1_Open();
     Canvas1.AccessibleName = "Drawing";
     PopupMenu1.AccessibleName = "Color";
@@ -63,13 +62,14 @@ const frmEditUserPicture* frmEditUserPicture::Current()
 
 Ref<Picture> frmEditUserPicture::Drawn() const
 {
-    return myImage && !myImage->SharesPixels(*before_) ? myImage : nullptr;
+    return myImage && !(FrozenPicture(*myImage) == *before_) ? myImage : nullptr;
 }
 
 void frmEditUserPicture::Event_Open()
 {
     myImage = copyOf(Module1::gPicture);
-    before_ = myImage->Frozen();
+    before_.emplace(*myImage);
+    theEditor = this;
     Canvas1.Width = static_cast<int>(myImage->Width());
     Canvas1.Height = static_cast<int>(myImage->Height());
     ox = -1;
@@ -160,6 +160,8 @@ bool frmEditUserPicture::_mnuOpenUserPicture_Action()
         const auto size = [](std::int64_t side) { return static_cast<double>(side); };
         myImage->Graphics().DrawPicture(clear, 0, 0, size(myImage->Width()), size(myImage->Height()), 0, 0,
                                         size(clear->Width()), size(clear->Height()));
+        // The map's file keeps no more than these pixels.
+        myImage->KeepPixels();
     }
     Canvas1.Invalidate(true);
     return true;

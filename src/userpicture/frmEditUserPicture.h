@@ -1,8 +1,10 @@
 #pragma once
 
+#include "toolkit/FrozenPicture.h"
 #include "toolkit/Window.h"
 
 #include <cstdint>
+#include <optional>
 
 namespace quorrin {
 
@@ -66,7 +68,7 @@ public:
     Timer Timer1{this, 10, &frmEditUserPicture::Timer1_Action};
 
 private:
-    Ref<Picture> before_;
+    std::optional<FrozenPicture> before_;
 };
 
 /// A new picture with an alpha channel, the source drawn on it.

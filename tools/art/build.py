@@ -8,8 +8,11 @@ from pathlib import Path
 
 from . import Refusal, pictures
 from .drawing import Studio
+from .manifest import LARGE
+from .pack import packed
 
 RECORD = "built.json"
+JPEG_QUALITY = 78
 
 
 def tool_bytes():
@@ -31,14 +34,15 @@ def stale_rows(rows, source, out, common, record):
     def fresh(row):
         old = record.get(row.title)
         return (old and old["key"] == key_of(row, source, common)
-                and all((out / f"{name}.png").exists() for name in row.names if name))
+                and all((out / name).exists()
+                            for files in row.files().values() for file in files for name in (file, carried(file))))
     return [row for row in rows if not fresh(row)]
 
 
 def build_rows(rows, source, out):
     """Brings the pictures of rows in folder out up to date; returns the refusals as texts."""
     out = Path(out)
-    out.mkdir(parents=True, exist_ok=True)
+    (out / LARGE).mkdir(parents=True, exist_ok=True)
     studio = Studio(source, out)
     record_path = out / RECORD
     record = json.loads(record_path.read_text()) if record_path.exists() else {}
@@ -66,10 +70,22 @@ def build_rows(rows, source, out):
 
 def save(row, made, out):
     """Writes a row's pictures; returns what tells its mask from another."""
-    for name, picture in made.items():
-        picture.save(out / f"{name}.png")
-    mask = made.get(row.mask)
+    for name, files in row.files().items():
+        for picture, file in zip(made[name], files):
+            path = out / file
+            if path.suffix == ".jpg":
+                # The noise of a page would fill megabytes without loss.
+                picture.save(path, quality=JPEG_QUALITY, optimize=True)
+            else:
+                picture.save(path, compress_level=1)
+                (out / carried(file)).write_bytes(packed(picture))
+    mask = made[row.mask][0] if row.mask else None
     return {"mask": hashlib.sha1(mask.tobytes()).hexdigest() if mask else None}
+
+
+def carried(file):
+    """The file that the program carries for a picture that is shown as `file`."""
+    return file if file.endswith(".jpg") else file.removesuffix(".png") + ".art"
 
 
 def shared_mask_faults(rows, source, record):
@@ -83,15 +99,12 @@ def shared_mask_faults(rows, source, record):
     return faults
 
 
-def picture_names(rows):
-    return sorted({name for row in rows for name in row.names if name})
-
-
 def write_lists(rows, out):
-    """art.qrc for rcc, and ArtPictures.inc with one macro call a picture."""
-    names = picture_names(rows)
-    files = "".join(f'  <file alias="{name}.png">{name}.png</file>\n' for name in names)
-    write_if_changed(Path(out) / "art.qrc", f'<RCC>\n <qresource prefix="/art">\n{files} </qresource>\n</RCC>\n')
+    """art.qrc for the resource compiler, and ArtPictures.inc with one macro call a picture."""
+    files = sorted({carried(file) for row in rows for pair in row.files().values() for file in pair})
+    entries = "".join(f'  <file alias="{file}">{file}</file>\n' for file in files)
+    write_if_changed(Path(out) / "art.qrc", f'<RCC>\n <qresource prefix="/art">\n{entries} </qresource>\n</RCC>\n')
+    names = sorted({name for row in rows for name in row.files()})
     cursors = {row.colour for row in rows if row.kind == "cursor"}
     calls = "".join(f"ART_{'CURSOR' if name in cursors else 'PICTURE'}({name})\n" for name in names)
     write_if_changed(Path(out) / "ArtPictures.inc",

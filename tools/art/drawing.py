@@ -1,6 +1,8 @@
-"""Loads a drawing, gives it the classes of one row and rasterises it."""
+"""Loads a drawing, gives it the classes of one row and rasterises it at ZOOM pixels a unit."""
 
+import copy
 import io
+import itertools
 import shutil
 import subprocess
 import xml.etree.ElementTree as ET
@@ -14,8 +16,10 @@ from .check import check_drawing, local, parse, stylesheet_classes
 from .manifest import folder_of
 
 SVG = "http://www.w3.org/2000/svg"
-ZOOM = 4  # rasterised this much larger, then averaged
-RING = 2  # pixels rasterised around an object, to see what crosses its edge
+ZOOM = 4  # pixels a unit of the large pictures; the plain ones are their average
+RING = 2  # units rasterised around an object, to see what crosses its edge
+QUIET = ("ground", "veil")  # the groups of a page that carry noise, also numbered: veil-2
+MARGIN = 40  # units drawn beyond a page's edge, where filters fade
 ET.register_namespace("", SVG)
 
 
@@ -83,39 +87,79 @@ def load(studio, row):
     return root, size
 
 
-def prepare(studio, row, root, size):
-    """Writes the drawing for rsvg-convert; objects get a ring around them."""
-    if folder_of(row.kind) == "objects":
-        width, height = size[0] + 2 * RING, size[1] + 2 * RING
-        root.set("viewBox", f"-{RING} -{RING} {width} {height}")
-        root.set("width", str(width))
-        root.set("height", str(height))
-    path = studio.prepared / f"{row.title}.svg"
+def prepared_file(studio, name, root, size, margin):
+    """Writes the drawing for rsvg-convert, seen with a margin around it."""
+    width, height = size[0] + 2 * margin, size[1] + 2 * margin
+    root.set("viewBox", f"-{margin} -{margin} {width} {height}")
+    root.set("width", str(width))
+    root.set("height", str(height))
+    path = studio.prepared / f"{name}.svg"
     ET.ElementTree(root).write(path)
     return path
 
 
-def rasterise(path, sheet, zoom):
+def rasterise(path, sheet, zoom=ZOOM):
     """Premultiplied RGBA from 0 to 1 as rows x columns x 4."""
     done = subprocess.run(["rsvg-convert", "-s", str(sheet), "-z", str(zoom), str(path)],
                           stdout=subprocess.PIPE, stderr=subprocess.PIPE)
     if done.returncode or not done.stdout:
         raise Refusal(f"{path}: {done.stderr.decode(errors='replace').strip() or 'nothing was drawn'}")
-    straight = np.asarray(Image.open(io.BytesIO(done.stdout)).convert("RGBA"), dtype=np.float32) / 255
-    straight = straight.copy()
-    straight[..., :3] *= straight[..., 3:]
-    return straight
+    pixels = np.asarray(Image.open(io.BytesIO(done.stdout)).convert("RGBA"), dtype=np.float32) / 255
+    pixels[..., :3] *= pixels[..., 3:]
+    return pixels
 
 
 def average(pixels, step=ZOOM):
     rows, columns = pixels.shape[0] // step, pixels.shape[1] // step
-    return pixels.reshape(rows, step, columns, step, 4).mean(axis=(1, 3))
+    return pixels.reshape(rows, step, columns, step, *pixels.shape[2:]).mean(axis=(1, 3))
+
+
+def enlarge(plane, step=ZOOM):
+    """A smooth enlargement of one channel. Smoothing costs fine grain, so what the average lacks is added once more."""
+    def smooth(values):
+        rows, columns = values.shape
+        return np.asarray(Image.fromarray(values).resize((columns * step, rows * step), Image.BICUBIC))
+    return np.clip(smooth(plane + plane - average(smooth(plane), step)), 0, 1)
+
+
+def layers(root):
+    """The drawing as (whether it is quiet, a drawing of that layer alone), lowest first."""
+    def layer_of(child):
+        name = child.get("id", "")
+        return name if name.split("-")[0] in QUIET else None
+
+    shared = [child for child in root if local(child.tag) == "defs"]
+    drawn = [child for child in root if child not in shared]
+    for layer, children in itertools.groupby(drawn, layer_of):
+        alone = copy.copy(root)
+        alone[:] = [*shared, *children]
+        yield layer is not None, alone
+
+
+def paint_page(studio, row, root, size):
+    """Noise is right at one pixel a unit only and slow beyond, so the quiet layers are enlarged and the marks sharp."""
+    page = np.zeros((size[1] * ZOOM, size[0] * ZOOM, 4), dtype=np.float32)
+    for at, (quiet, layer) in enumerate(layers(root)):
+        name, sheet = f"{row.title}-{at}", studio.sheets["colour"]
+        if quiet:
+            pixels = rasterise(prepared_file(studio, name, layer, size, MARGIN), sheet, 1)
+            edge = slice(MARGIN * ZOOM, -MARGIN * ZOOM)
+            planes = (enlarge(pixels[..., channel])[edge, edge] for channel in (3, 0, 1, 2))
+        else:
+            pixels = rasterise(prepared_file(studio, name, layer, size, 0), sheet)
+            planes = (pixels[..., channel] for channel in (3, 0, 1, 2))
+        alpha = next(planes)
+        page *= 1 - alpha[..., None]
+        page[..., 3] += alpha
+        for channel, plane in enumerate(planes):
+            page[..., channel] += plane
+    return page
 
 
 def paint(studio, row, looks):
-    """The row's drawing at natural size as look -> premultiplied pixels, ring included for objects."""
+    """The row's drawing at ZOOM pixels a unit as look -> premultiplied pixels, ring included for objects."""
     root, size = load(studio, row)
-    prepared = prepare(studio, row, root, size)
-    # Pages carry noise filters, which are only right at their own scale.
-    zoom = 1 if row.kind in ("page", "grid") else ZOOM
-    return {look: average(rasterise(prepared, studio.sheets[look], zoom), zoom) for look in looks}
+    if row.kind == "page":
+        return {"colour": paint_page(studio, row, root, size)}
+    prepared = prepared_file(studio, row.title, root, size, RING if folder_of(row.kind) == "objects" else 0)
+    return {look: rasterise(prepared, studio.sheets[look]) for look in looks}

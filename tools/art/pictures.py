@@ -4,7 +4,7 @@ import numpy as np
 from PIL import Image
 
 from . import Refusal
-from .drawing import RING, paint
+from .drawing import RING, ZOOM, average, paint
 
 EDGE = 0.35  # less cover than this is outside: 0.25 looks fat and jagged when solid, 0.5 when translucent
 INSIDE = 0.5
@@ -29,8 +29,10 @@ def colour_picture(pixels):
     return Image.fromarray(colour, "RGB")
 
 
-def mask_picture(pixels, opacity):
+def mask_picture(pixels, opacity, hard=False):
     alpha = pixels[..., 3]
+    if hard:
+        alpha = np.where(alpha >= INSIDE, 1, 0)
     return Image.fromarray(np.where(alpha >= EDGE, to_bytes(1 - alpha * opacity), 255).astype(np.uint8), "L")
 
 
@@ -90,22 +92,30 @@ def looks_of(row):
 
 
 def make(studio, row):
-    """The row's pictures as name -> PIL image."""
-    return finish(row, checked(row.file(studio.source), row, paint(studio, row, looks_of(row))))
-
-
-def checked(path, row, looks):
-    """The looks cut to natural size, after refusing what the pixels show to be wrong."""
-    check_not_empty(path, looks)
+    """The row's pictures as name -> (plain, large) PIL images."""
+    large = paint(studio, row, looks_of(row))
+    plain = {look: average(pixels) for look, pixels in large.items()}
+    check(row.file(studio.source), row, plain)
     if row.kind in ("object", "terrain"):
-        if row.kind == "object":
-            check_object(path, looks, row.bleed)
-        else:
-            check_wraps(path, looks)
-        looks = {look: pixels[RING:-RING, RING:-RING] for look, pixels in looks.items()}
+        plain, large = without_ring(plain, RING), without_ring(large, RING * ZOOM)
+    plain, large = finish(row, plain), finish(row, large)
+    return {name: (plain[name], large[name]) for name in plain}
+
+
+def without_ring(looks, ring):
+    return {look: pixels[ring:-ring, ring:-ring] for look, pixels in looks.items()}
+
+
+def check(path, row, looks):
+    """Refuses what the pixels show to be wrong."""
+    check_not_empty(path, looks)
+    if row.kind == "object":
+        check_object(path, looks, row.bleed)
+    if row.kind == "terrain":
+        check_wraps(path, looks)
+        looks = without_ring(looks, RING)
     if row.kind in ("terrain", "page"):
         check_cover(path, looks["colour"], row.kind)
-    return looks
 
 
 def finish(row, looks):
@@ -118,7 +128,7 @@ def finish(row, looks):
     if row.colour:
         made[row.colour] = colour_picture(first)
     if row.mask:
-        made[row.mask] = mask_picture(first, TERRAIN_OPACITY if row.kind == "terrain" else 1)
+        made[row.mask] = mask_picture(first, TERRAIN_OPACITY if row.kind == "terrain" else 1, row.hard)
     if row.bw:
         made[row.bw] = bw_picture(looks["bw"], row.kind == "object")
     return made
