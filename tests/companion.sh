@@ -72,6 +72,21 @@ mkdir -p "full/Quorrin Map $name.png"
 status 1 "$program" export -o full "$sample"
 [ "$(ls -A full | wc -l)" = 1 ] || fail "rests of refused work are left"
 
+# Ended by a signal, it leaves whole results or none, nothing begun and no worker.
+mkdir many && for copy in {1..30}; do cp before "many/map $copy.qrnm"; done
+for signal in TERM:143 INT:130; do
+    rm -rf new
+    got=0
+    timeout --preserve-status -s "${signal%:*}" 1 "$program" export --set --jobs 2 -o new/pictures many/*.qrnm || got=$?
+    [ "$got" = "${signal#*:}" ] || fail "status $got after a signal"
+    [ -e new ] || continue
+    left=$(ls -A new/pictures)
+    [ "$(($(wc -l <<<"$left") % 4))" = 0 ] || fail "half of a result"
+    [ "${left:0:1}" != . ] || fail "something begun is left"
+    sleep 0.3
+    [ "$(ls -A new/pictures)" = "$left" ] || fail "a worker is left"
+done
+
 # Wrong usage.
 status 2 "$program"
 status 2 "$program" export

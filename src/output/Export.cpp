@@ -104,6 +104,7 @@ bool Window1::_mnuExportPictureSeries_Action()
     Module1::gSkipWallColor = false;
 
     // What the person had comes back even when a picture cannot be written.
+    putAside = {Snapshot(UserPicture), dirty};
     const auto restore = [&] {
         Module1::gSkipWallColor = false;
         cbShowDMObjects.Value = showMarkers;
@@ -112,6 +113,7 @@ bool Window1::_mnuExportPictureSeries_Action()
         cbShowClickable.Value = showClickable;
         isDirty = dirty;
         pmVisibleLayers.ListIndex = visibleLayers;
+        putAside.reset();
         RenderMap(true);
     };
 
