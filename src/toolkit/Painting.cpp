@@ -190,26 +190,36 @@ void useUnitsOf(const PictureStep& step, QPainter& painter)
     painter.setClipRect(step.part, Qt::IntersectClip);
 }
 
-/// What was drawn is drawn again; pixels go as they are, enlarged smoothly where they are too few.
+/// Draws what the clip shows of the source's pixels, enlarged smoothly where they are too few: a page of a large print
+/// takes no more than its own part.
+void paintPixelsOnPaper(const PictureSource& source, QPainter& painter)
+{
+    const double density = paperPixelsPerUnit(painter);
+    const QImage all = source.at(static_cast<int>(std::clamp(std::ceil(density), 1.0, double(largestPictureScale))));
+    const QTransform toPixels =
+        QTransform::fromScale(double(all.width()) / source.size().width(), double(all.height()) / source.size().height());
+    const QRect pixels = toPixels.mapRect(painter.clipBoundingRect()).toAlignedRect() & all.rect();
+    if (pixels.isEmpty())
+        return;
+    const QRectF units = toPixels.inverted().mapRect(QRectF(pixels));
+    QImage image = pixels == all.rect() ? all : all.copy(pixels);
+    const QSize least(static_cast<int>(std::ceil(units.width() * density)),
+                      static_cast<int>(std::ceil(units.height() * density)));
+    if (image.width() < least.width() || image.height() < least.height())
+        image = withSize(image, image.size().expandedTo(least));
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    painter.setRenderHint(QPainter::LosslessImageRendering, !isPhotographic(image));
+    painter.drawImage(units, image);
+}
+
+/// What was drawn is drawn again; where there are only pixels, these.
 void paintOnPaper(const PictureStep& step, const Surface& surface)
 {
     QPainter& painter = surface.painter;
     painter.save();
     useUnitsOf(step, painter);
-    if (!step.source->replay(surface)) {
-        const double density = paperPixelsPerUnit(painter);
-        const QImage all = step.source->at(static_cast<int>(std::clamp(std::ceil(density), 1.0, double(largestPictureScale))));
-        const QRect part = pixelsOfPart(step, all);
-        const QSize least = (step.part.size() * density).toSize();
-        if (!part.isEmpty()) {
-            QImage image = part == all.rect() ? all : all.copy(part);
-            if (image.width() < least.width() || image.height() < least.height())
-                image = withSize(image, image.size().expandedTo(least));
-            painter.setRenderHint(QPainter::SmoothPixmapTransform);
-            painter.setRenderHint(QPainter::LosslessImageRendering, !isPhotographic(image));
-            painter.drawImage(step.part, image);
-        }
-    }
+    if (!painter.clipBoundingRect().isEmpty() && !step.source->replay(surface))
+        paintPixelsOnPaper(*step.source, painter);
     painter.restore();
 }
 
