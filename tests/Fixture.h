@@ -15,7 +15,7 @@
 #include <string>
 #include <tuple>
 
-/// A folder of its own for each test. Preferences land there too.
+/// A folder of its own for each test. Preferences and recovery copies land there too.
 class TestFolder {
 public:
     TestFolder() : path((std::filesystem::temp_directory_path() / "quorrin-XXXXXX").string())
