@@ -72,8 +72,7 @@ class Person:
         process = self.start(self.map)
         self.main = self.window("Dark Cave")
         self.tool("windowmove", self.main, 0, 0, "windowfocus", self.main)
-        height = int(self.tool("getwindowgeometry", "--shell", self.main).split("HEIGHT=")[1].split()[0])
-        self.menu_bar = height - 796
+        self.menu_bar = self.height(self.main) - 796
         return process
 
     def click(self, x, y, pause=0.5):
@@ -89,15 +88,16 @@ class Person:
         return (self.home / name).read_bytes()
 
     def answer(self, key):
-        """Answers the question about the copy, which stands before the main window and has its title."""
-        wait_for("the question", lambda: len(self.windows("^Quorrin Map Maker$")) == 2)
-        main = max(self.windows("^Quorrin Map Maker$"), key=self.area)
-        question = next(window for window in self.windows("^Quorrin Map Maker$") if window != main)
-        self.tool("windowfocus", question, "key", key)
+        """Answers the question about the copy."""
+        self.tool("windowfocus", wait_for("the question", self.questions)[0], "key", key)
 
-    def area(self, window):
-        sides = dict(line.split("=") for line in self.tool("getwindowgeometry", "--shell", window).split())
-        return int(sides["WIDTH"]) * int(sides["HEIGHT"])
+    def questions(self):
+        """The windows that are smaller than the main one; they have the same title."""
+        every = self.tool("search", "--onlyvisible", "--class", ".").split()
+        return [window for window in every if self.height(window) < 400]
+
+    def height(self, window):
+        return int(self.tool("getwindowgeometry", "--shell", window).split("HEIGHT=")[1].split()[0])
 
     def copies(self):
         return list((self.home / "state").rglob("*.qrnm"))
@@ -221,13 +221,13 @@ def kill_and_recover(number):
             return f"{what}: nothing was due"
         person.answer("Return")
         recovered = person.saved("recovered.qrnm")
-        if recovered not in states[due:]:
-            known = states.index(recovered) if recovered in states else "none"
-            fail(f"{what}: recovered {known} of them, due were {due}")
+        held = max((n for n, state in enumerate(states) if state == recovered), default=-1)
+        if held < due:
+            fail(f"{what}: recovered {held} of them, due were {due}")
         wait_for("the end of the copy", lambda: not person.copies())
         if person.map.read_bytes() != person.content:
             fail(f"{what}: the map's own file was written")
-        return f"{what}: {len(states) - 1 - states.index(recovered)} are lost, {due} were due"
+        return f"{what}: {len(times) - held} are lost, {due} were due"
 
 
 def end_orderly(how):
@@ -260,7 +260,7 @@ def work_beside_each_other():
         second = person.start()
         person.window("^Quorrin Map Maker$")
         time.sleep(1)
-        if len(person.windows("^Quorrin Map Maker$")) != 1:
+        if person.questions():
             fail("a second program asks about the copy of a living one")
         second.kill()
         first.kill()
