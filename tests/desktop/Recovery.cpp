@@ -59,8 +59,8 @@ TEST_F(RecoveryOnTheDesktop, ACopyIsWrittenOnceAllIsQuietAndNowAndThenWhileItIsN
 
 TEST_F(RecoveryOnTheDesktop, AListAsksAboutSeveralMaps)
 {
-    for (const auto& [key, answer] : {std::pair{Qt::Key_Return, MessageDialog::Answer::Action},
-                                      {Qt::Key_Escape, MessageDialog::Answer::Cancel}}) {
+    for (const auto& [key, answer] :
+         {std::pair{Qt::Key_Return, MessageDialog::Answer::Action}, {Qt::Key_Escape, MessageDialog::Answer::Cancel}}) {
         frmRecovery list({"one", "two", "three"});
         Answer<QMainWindow> choose([&, key = key](QMainWindow&) {
             auto& rows = widgetOf<QListWidget>(list.ListBox1);
