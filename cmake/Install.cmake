@@ -16,10 +16,11 @@ install(TARGETS quorrin-map-maker quorrin-map-batch)
 install(TARGETS quorrin_art LIBRARY DESTINATION ${art_library_folder})
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/samples/ DESTINATION ${app_data}/samples FILES_MATCHING PATTERN *.qrnm)
 
-# The desktop: menu entry, file type, icons, software centre.
+# The desktop: menu entry, file type, thumbnails, icons, software centre.
 configure_file(${packaging}/${app_id}.metainfo.xml.in ${packaging_build}/${app_id}.metainfo.xml @ONLY)
 install(FILES ${packaging}/${app_id}.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
 install(FILES ${packaging}/${app_id}.mime.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/mime/packages RENAME ${app_id}.xml)
+install(FILES ${packaging}/${app_id}.thumbnailer DESTINATION ${CMAKE_INSTALL_DATADIR}/thumbnailers)
 install(FILES ${packaging_build}/${app_id}.metainfo.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo)
 
 set(art_pages ${PROJECT_SOURCE_DIR}/resources/art/pages)
@@ -78,7 +79,7 @@ Master, a script and paper characters to cut out and fold. Maps come out as
 pictures and prints, with the secrets and without.
 .
 The command-line companion quorrin-map-batch exports and prints whole
-folders of maps.")
+folders of maps, in true size for the table and for virtual table tops.")
 set(CPACK_PACKAGE_DIRECTORY ${CMAKE_BINARY_DIR})
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS

@@ -6,6 +6,7 @@ usage: art_tool.py tools/build_art.py resources/art
 
 import io
 import shutil
+import struct
 import subprocess
 import sys
 import tempfile
@@ -13,6 +14,7 @@ import unittest
 from pathlib import Path
 
 import numpy as np
+import zstandard
 from PIL import Image
 
 TOOL, ART = Path(sys.argv[1]), Path(sys.argv[2])
@@ -49,9 +51,9 @@ REFUSED = [
 ]
 
 SVG = '<svg xmlns="http://www.w3.org/2000/svg" viewBox="0 0 {0} {1}" width="{0}" height="{1}">{2}</svg>'
-# A quiet ground, a mark, and a veil over it.
-FIELD = """<linearGradient id="slope"><stop stop-color="#88bb66"/><stop offset="1" stop-color="#448855"/></linearGradient>
-<g id="ground"><rect x="-40" y="-40" width="120" height="110" fill="url(#slope)"/></g>
+# A quiet ground that its filter moves in from beyond the page, a mark, and a veil over it.
+FIELD = """<defs><filter id="push" x="-40" y="-40" width="120" height="110" filterUnits="userSpaceOnUse"><feOffset dx="9" dy="-9"/></filter></defs>
+<g id="ground"><rect x="-40" y="-40" width="120" height="110" fill="#88bb66" filter="url(#push)"/></g>
 <path fill="#224411" d="M10.3,7 L30,9.6 L12,22Z"/>
 <g id="veil"><rect x="-40" y="-40" width="120" height="110" fill="#fff" opacity=".25"/></g>"""
 PAGE_DRAWINGS = {"Field": (40, 30, FIELD), "Lines": (40, 30, '<path stroke="#221100" stroke-opacity=".6" d="M3,5.5 H37 M8,2 L20,27"/>'),
@@ -92,15 +94,19 @@ class Tool(unittest.TestCase):
             self.assertLessEqual({"BoxColor.png", "BoxBW.png", "art.qrc", "ArtPictures.inc"}, set(files))
 
     def pictures(self, rows, box):
-        """Picture name -> (plain, large), after finding both in art.qrc."""
+        """Picture name -> (plain, large), after finding what the program carries of both."""
         status, told, files = self.build(rows, box)
         self.assertEqual((status, told), (0, ""))
         pairs = {}
-        for name in {Path(file).stem for file in files if file.startswith("4x/")}:
-            large = next(file for file in files if Path(file).parts == ("4x", Path(file).name) and Path(file).stem == name)
-            for file in (f"{name}.png", large):
-                self.assertIn(f'alias="{file}"', files["art.qrc"].decode())
-            pairs[name] = [Image.open(io.BytesIO(files[file])) for file in (f"{name}.png", large)]
+        for file in [file for file in files if Path(file).suffix in (".png", ".jpg")]:
+            picture = Image.open(io.BytesIO(files[file]))
+            carried = file.replace(".png", ".art")
+            self.assertIn(f'alias="{carried}"', files["art.qrc"].decode())
+            if carried != file:
+                packed = files[carried]
+                self.assertEqual(struct.unpack("<HHB", packed[:5]), (*picture.size, len(picture.getbands())))
+                self.assertEqual(zstandard.decompress(packed[5:]), picture.tobytes())
+            pairs.setdefault(Path(file).stem, [None, None])[file.startswith("4x/")] = picture
         return pairs
 
     def test_large_pictures_are_the_plain_ones_with_four_pixels_a_unit(self):
@@ -123,8 +129,6 @@ class Tool(unittest.TestCase):
         jpeg = large.format == "JPEG"
         if plain.mode == "RGBA":
             plain, large = plain.convert("RGBa"), large.convert("RGBa")
-        elif large.mode == "P":
-            large = large.convert("RGB")
         small, big = np.asarray(plain, dtype=float), blocks(large)
         # An edge is cut at each scale by itself; where the large picture is of one colour the plain one has that colour.
         compared = np.full(big.shape[:2], True) if plain.mode == "RGBa" or jpeg else np.ptp(big, axis=2).max(axis=2) == 0

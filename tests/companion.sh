@@ -20,6 +20,16 @@ status 0 "$program" export --set -o pictures -- *.qrnm
 file=$(printf 'pictures/Quorrin Map %s DM BW.png' "$name")
 [ "$(head -c 4 "$file" | tail -c 3)" = PNG ] || fail "no PNG"
 
+# A map's pictures are the same whatever the process drew before.
+for map in *.qrnm; do
+    status 0 "$program" export --set -o alone "$map"
+done
+status 0 "$program" export --set --jobs 1 -o together -- *.qrnm
+diff -r alone together || fail "pictures depend on the maps before"
+[ "$(printf 'pictures/Quorrin Map %s Color.png' "$name" | xargs -d '\n' file | grep -c '756 x 576\|576 x 756')" = 1 ] || fail "no plain size"
+status 0 "$program" export --scale 3 -o sharp "$sample"
+file "sharp/Quorrin Map $name.png" | grep -q '2268 x 1728\|1728 x 2268' || fail "not three times as sharp"
+
 # The newest form of the newest form is itself, byte for byte.
 status 0 "$program" upgrade -o new -- *.qrnm
 status 0 "$program" upgrade -o newer new/*.qrnm
@@ -82,6 +92,8 @@ status 2 "$program"
 status 2 "$program" export
 status 2 "$program" upgrade "$sample"
 status 2 "$program" export --jobs none "$sample"
+status 2 "$program" export --scale 9 "$sample"
+status 2 "$program" sheet --scale 2 "$sample"
 status 2 "$program" print --what picture "$sample"
 status 2 "$program" print --paper Napkin "$sample"
 status 2 "$program" print --copies 0 "$sample"

@@ -58,6 +58,15 @@ done
 ! gio info -a standard::content-type cave.qrn | grep x-quorrin-map >/dev/null || fail "cave.qrn is taken for a map"
 gio mime application/x-quorrin-map | grep "$id.desktop" >/dev/null || fail "no program for maps"
 
+# What file managers call for the small picture of a map.
+thumbnailer=$share/thumbnailers/$id.thumbnailer
+grep -q '^MimeType=application/x-quorrin-map;$' "$thumbnailer" || fail "the thumbnailer is not for maps"
+type -P "$(sed -n 's/^TryExec=//p' "$thumbnailer")" >/dev/null || fail "the thumbnailer's program is not installed"
+call=$(sed -n 's/^Exec=//p' "$thumbnailer" | sed "s|%s|96|; s|%o|$folder/small.png|; s|%i|'$folder/one map.qrnm'|")
+cp "$share/quorrin-map-maker/samples/The Last Lantern.qrnm" "one map.qrnm"
+eval "$call" || fail "no thumbnail"
+file small.png | grep 'PNG image data, 96 x 73,' >/dev/null || fail "the thumbnail is no picture of its size: $(file small.png)"
+
 # Manual page and completion know every option that the companion tells of, and no other.
 options() { grep -oE -- '(^|[^[:alnum:]-])--[a-z]+' "$1" | grep -oE -- '--[a-z]+' | sort -u; }
 "$batch" --help >help.txt
@@ -80,8 +89,9 @@ completes() { # completes "LINE" WORD...: what the last word of the line may bec
     wanted=$(printf '%s\n' "${@:2}" | sort | tr '\n' ' ')
     [ "$got" = "$wanted" ] || fail "\"$1\" is completed to $got, not $wanted"
 }
-completes 'quorrin-map-batch ' export sheet print upgrade
-completes 'quorrin-map-batch export --s' --set
+completes 'quorrin-map-batch ' export sheet print vtt thumbnail upgrade
+completes 'quorrin-map-batch export --s' --set --scale
+completes 'quorrin-map-batch thumbnail --' --output --size
 completes 'quorrin-map-batch sheet --' --output --jobs
 completes 'quorrin-map-batch print --what s' script sheet
 completes 'quorrin-map-batch export -o d' deep

@@ -1,101 +1,248 @@
 #include "batch/CommandLine.h"
 
+#include "output/StripSheet.h"
 #include "toolkit/Picture.h"
 
 #include <getopt.h>
 
 #include <algorithm>
 #include <charconv>
+#include <set>
 #include <string_view>
 #include <thread>
 
 namespace quorrin {
 
-const char* const usage = R"(Makes pictures and prints of Quorrin maps, and newer map files of older ones,
-without a window.
+// A screen of 24 lines of 80 characters holds it; the manual page tells everything.
+const char* const usage = R"(Makes pictures, prints and table top maps of Quorrin maps, without a window.
 
-  quorrin-map-batch export [--set] [--scale N] [-o DIR] MAP.qrnm...
-      writes "Quorrin Map NAME.png" for each map; with --set the four pictures
-      for players and Dungeon Master, in color and in black and white; with
-      --scale N times as sharp (1 to 8)
-  quorrin-map-batch sheet [-o DIR] MAP.qrnm...
-      writes "NAME Character Sheet.jpg" for each map
-  quorrin-map-batch print [--what map|script|sheet] [--paper A4|Letter]
-                          [--landscape] [--copies N] [-o DIR] MAP.qrnm...
-      prints "NAME Map.pdf", "NAME Script.pdf" or "NAME Character Sheet.pdf"
-      for each map; the map in portrait on A4 when not told otherwise
-  quorrin-map-batch upgrade -o DIR MAP.qrnm...
-      writes each map, of whatever age, in the newest form under its own name
+  quorrin-map-batch COMMAND [OPTION]... MAP.qrnm...
 
-  -o, --output DIR   where the files go; made when it is not there
-                     (the current folder when not given)
-  -j, --jobs N       how many maps are worked on at a time (as many as there
-                     are processors)
-  -h, --help         shows this
+  export     pictures: all four with --set, sharper with --scale N; with --board
+             --cell N cut to the squares, N pixels each
+  sheet      pictures of the paper characters
+  print      PDF files of --what map, script or sheet, with --copies N, on
+             --paper A4|Letter, --landscape; in true size with --square LENGTH
+             (1in, 25mm), the map also with --board, --bw, --markers
+  vtt        Universal VTT files with walls, doors and lights, --cell N pixels a
+             square; Fantasy Grounds Unity, MapTool and EncounterPlus open them,
+             Foundry VTT and Roll20 with an importer
+  thumbnail  a picture of one map, --size N pixels, -o FILE
+  upgrade    newer map files of older ones, into another folder
+
+  -o, --output DIR   where the files go (the current folder)
+  -j, --jobs N       maps worked on at a time (as many as there are processors)
+  -h, --help         shows this; "man quorrin-map-batch" tells all
       --version      shows the version
-
-A map that cannot be read is told and skipped; the exit status is 1 then, and
-2 when the command itself makes no sense.
+The exit status is 1 when a map was skipped, 2 when the command makes no sense.
 )";
 
 namespace {
 
-/// The value of that name, or a UsageError that begins with the complaint.
-template <typename T>
-T choice(const char* complaint, std::string_view name, std::initializer_list<std::pair<const char*, T>> choices)
-{
-    for (const auto& [known, value] : choices)
-        if (name == known)
-            return value;
-    throw UsageError(std::string(complaint) + " \"" + std::string(name) + "\"");
-}
+using Command = Request::Command;
 
-Request::Command commandNamed(std::string_view name)
-{
-    using Command = Request::Command;
-    return choice<Command>("there is no command", name,
-                           {{"export", Command::Export},
-                            {"sheet", Command::Sheet},
-                            {"print", Command::Print},
-                            {"upgrade", Command::Upgrade}});
-}
-
-int numberFrom1(const std::string& option, std::string_view text, int highest)
-{
-    int number = 0;
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
-    if (error != std::errc() || end != text.data() + text.size() || number < 1 || number > highest)
-        throw UsageError(option + " takes a number from 1 to " + std::to_string(highest) + ", not \""
-                         + std::string(text) + "\"");
-    return number;
-}
-
-enum LongOnly { setOption = 1000, scaleOption, whatOption, paperOption, landscapeOption, copiesOption, versionOption };
-
-constexpr option options[] = {
-    {"output", required_argument, nullptr, 'o'},
-    {"jobs", required_argument, nullptr, 'j'},
-    {"help", no_argument, nullptr, 'h'},
-    {"set", no_argument, nullptr, setOption},
-    {"scale", required_argument, nullptr, scaleOption},
-    {"what", required_argument, nullptr, whatOption},
-    {"paper", required_argument, nullptr, paperOption},
-    {"landscape", no_argument, nullptr, landscapeOption},
-    {"copies", required_argument, nullptr, copiesOption},
-    {"version", no_argument, nullptr, versionOption},
-    {nullptr, 0, nullptr, 0},
+struct CommandRow {
+    Command command;
+    const char* name;
+};
+constexpr CommandRow commands[] = {
+    {Command::Export, "export"}, {Command::Sheet, "sheet"},         {Command::Print, "print"},
+    {Command::Vtt, "vtt"},       {Command::Thumbnail, "thumbnail"}, {Command::Upgrade, "upgrade"},
 };
 
-void check(const Request& request, bool exportOptions, bool printOptions)
+/// A set of commands.
+template <typename... Rest>
+constexpr unsigned of(Rest... members)
 {
-    if (printOptions && request.command != Request::Command::Print)
-        throw UsageError("--what, --paper, --landscape and --copies belong to print");
-    if (exportOptions && request.command != Request::Command::Export)
-        throw UsageError("--set and --scale belong to export");
-    if (request.command == Request::Command::Upgrade && request.folder.empty())
-        throw UsageError("upgrade needs -o DIR");
+    return ((1U << static_cast<unsigned>(members)) | ...);
+}
+constexpr unsigned all = ~0U;
+constexpr unsigned allOfManyMaps = all & ~of(Command::Thumbnail);
+
+/// What takes the place of a command and of all else.
+constexpr unsigned insteadOfAny = 0;
+
+/// Raises UsageError, which names the option.
+struct Value {
+    std::string option;
+    std::string text;
+
+    [[noreturn]] void refuse(const std::string& taken) const
+    {
+        throw UsageError("--" + option + " takes " + taken + ", not \"" + text + "\"");
+    }
+
+    int number(int lowest, int highest) const
+    {
+        int result = 0;
+        const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), result);
+        if (error != std::errc() || end != text.data() + text.size() || result < lowest || result > highest)
+            refuse("a number from " + std::to_string(lowest) + " to " + std::to_string(highest));
+        return result;
+    }
+
+    /// In points. Bare numbers are millimetres.
+    double length() const
+    {
+        constexpr double shortest = 5;
+        constexpr double longest = 100;
+        double result = 0;
+        const auto [end, error] =
+            std::from_chars(text.data(), text.data() + text.size(), result, std::chars_format::fixed);
+        const std::string_view unit(end, static_cast<std::size_t>(text.data() + text.size() - end));
+        if (unit == "in")
+            result *= 25.4;
+        if (error != std::errc() || !(unit.empty() || unit == "mm" || unit == "in")
+            || !(result >= shortest && result <= longest))
+            refuse("a length from 5mm to 100mm, as 1in or 25mm");
+        return millimetres(result);
+    }
+
+    template <typename T>
+    T choice(const char* taken, std::initializer_list<std::pair<const char*, T>> choices) const
+    {
+        for (const auto& [name, value] : choices)
+            if (text == name)
+                return value;
+        refuse(taken);
+    }
+};
+
+/// An option: the commands that it belongs to and how it is set. One of insteadOfAny ends the reading.
+struct Option {
+    const char* name;
+    char letter;
+    bool takesValue;
+    unsigned commands;
+    void (*set)(Request& request, const Value& value);
+};
+
+const Option options[] = {
+    {"output", 'o', true, all,
+     [](Request& request, const Value& value) {
+         if (value.text.empty())
+             throw UsageError("-o needs a name");
+         request.output = value.text;
+     }},
+    {"jobs", 'j', true, allOfManyMaps, [](Request& request, const Value& value) { request.jobs = value.number(1, 256); }},
+    {"set", 0, false, of(Command::Export), [](Request& request, const Value&) { request.pictureSet = true; }},
+    {"scale", 0, true, of(Command::Export),
+     [](Request& request, const Value& value) { request.scale = value.number(1, largestPictureScale); }},
+    {"board", 0, false, of(Command::Export, Command::Print), [](Request& request, const Value&) { request.board = true; }},
+    {"cell", 0, true, of(Command::Export, Command::Vtt),
+     [](Request& request, const Value& value) { request.cell = value.number(20, 512); }},
+    {"what", 0, true, of(Command::Print),
+     [](Request& request, const Value& value) {
+         request.what = value.choice<Print>(
+             "map, script or sheet", {{"map", Print::Map}, {"script", Print::Script}, {"sheet", Print::Sheet}});
+     }},
+    {"square", 0, true, of(Command::Print),
+     [](Request& request, const Value& value) { request.square = value.length(); }},
+    {"bw", 0, false, of(Command::Print), [](Request& request, const Value&) { request.blackAndWhite = true; }},
+    {"markers", 0, false, of(Command::Print), [](Request& request, const Value&) { request.markers = true; }},
+    {"paper", 0, true, of(Command::Print),
+     [](Request& request, const Value& value) {
+         request.paper.name = value.choice<const char*>("A4 or Letter", {{"A4", "A4"}, {"Letter", "Letter"}});
+     }},
+    {"landscape", 0, false, of(Command::Print), [](Request& request, const Value&) { request.paper.landscape = true; }},
+    {"copies", 0, true, of(Command::Print),
+     [](Request& request, const Value& value) { request.copies = value.number(1, 999); }},
+    {"size", 0, true, of(Command::Thumbnail),
+     [](Request& request, const Value& value) { request.size = value.number(16, 1024); }},
+    {"help", 'h', false, insteadOfAny, [](Request& request, const Value&) { request.command = Command::Help; }},
+    {"version", 0, false, insteadOfAny, [](Request& request, const Value&) { request.command = Command::Version; }},
+};
+
+using Given = std::set<std::string_view>;
+
+/// What makes no sense together within a command.
+struct Rule {
+    Command command;
+    bool (*broken)(const Request& request, const Given& given);
+    const char* complaint;
+};
+
+const Rule rules[] = {
+    {Command::Upgrade, [](const Request& request, const Given&) { return request.output.empty(); },
+     "upgrade needs -o DIR"},
+    {Command::Thumbnail, [](const Request& request, const Given&) { return request.output.empty(); },
+     "thumbnail needs -o FILE"},
+    {Command::Thumbnail, [](const Request& request, const Given&) { return request.maps.size() > 1; },
+     "thumbnail makes the picture of one map only"},
+    {Command::Export,
+     [](const Request&, const Given& given) { return given.contains("board") != given.contains("cell"); },
+     "--board and --cell N belong together"},
+    {Command::Export, [](const Request&, const Given& given) { return given.contains("board") && given.contains("scale"); },
+     "--scale does not go with --board: --cell N says how many pixels there are"},
+    {Command::Print,
+     [](const Request& request, const Given&) { return request.square > 0 && request.what == Print::Script; },
+     "--square belongs to prints of the map and of the sheet"},
+    {Command::Print,
+     [](const Request& request, const Given& given) {
+         const bool trueSizeMap = request.square > 0 && request.what == Print::Map;
+         return !trueSizeMap && (given.contains("board") || given.contains("bw") || given.contains("markers"));
+     },
+     "--board, --bw and --markers belong to prints of the map with --square LENGTH"},
+    {Command::Print,
+     [](const Request& request, const Given&) {
+         return request.square > 0 && request.what == Print::Sheet
+                && !stripSheet(request.square, 1, request.paper);
+     },
+     "characters for squares of that size do not fit on the paper"},
+};
+
+Command commandNamed(std::string_view name)
+{
+    const auto* row = std::ranges::find_if(commands, [&](const CommandRow& known) { return name == known.name; });
+    if (row == std::end(commands))
+        throw UsageError("there is no command \"" + std::string(name) + "\"");
+    return row->command;
+}
+
+std::string namesOf(unsigned members)
+{
+    std::string names;
+    for (const auto& [command, name] : commands)
+        if (members & of(command))
+            names += (names.empty() ? "" : " and ") + std::string(name);
+    return names;
+}
+
+void check(const Request& request, const Given& given)
+{
+    for (const Option& option : options)
+        if (given.contains(option.name) && !(option.commands & of(request.command)))
+            throw UsageError("--" + std::string(option.name)
+                             + (option.commands == allOfManyMaps ? " does not belong to " + namesOf(of(request.command))
+                                                                 : " belongs to " + namesOf(option.commands)));
     if (request.maps.empty())
         throw UsageError("no map is named");
+    for (const Rule& rule : rules)
+        if (rule.command == request.command && rule.broken(request, given))
+            throw UsageError(rule.complaint);
+}
+
+/// The next option of the command line, nil when there is none.
+const Option* nextOption(int argc, char** argv)
+{
+    constexpr int firstLong = 1000;
+    static const auto longForms = [] {
+        std::vector<option> forms;
+        for (const Option& known : options)
+            forms.push_back({known.name, known.takesValue ? required_argument : no_argument, nullptr,
+                             firstLong + static_cast<int>(forms.size())});
+        forms.push_back({});
+        return forms;
+    }();
+    const int found = getopt_long(argc, argv, ":o:j:h", longForms.data(), nullptr);
+    if (found == -1)
+        return nullptr;
+    if (found == ':')
+        throw UsageError(std::string("\"") + argv[optind - 1] + "\" needs a value");
+    if (found == '?')
+        throw UsageError(std::string("there is no option \"") + argv[optind - 1] + "\"");
+    return found >= firstLong ? &options[found - firstLong]
+                              : std::ranges::find(options, static_cast<char>(found), &Option::letter);
 }
 
 } // namespace
@@ -106,59 +253,18 @@ Request parseCommandLine(int argc, char** argv)
     request.jobs = static_cast<int>(std::max(1U, std::thread::hardware_concurrency()));
     opterr = 0;
     optind = 0;
-    int chosen = 0;
-    bool exportOptions = false;
-    bool printOptions = false;
-    while ((chosen = getopt_long(argc, argv, ":o:j:h", options, nullptr)) != -1) {
-        exportOptions = exportOptions || chosen == setOption || chosen == scaleOption;
-        printOptions = printOptions || (chosen >= whatOption && chosen <= copiesOption);
-        switch (chosen) {
-        case 'o':
-            request.folder = optarg;
-            if (request.folder.empty())
-                throw UsageError("-o needs a folder");
-            break;
-        case 'j':
-            request.jobs = numberFrom1("--jobs", optarg, 256);
-            break;
-        case setOption:
-            request.pictureSet = true;
-            break;
-        case scaleOption:
-            request.scale = numberFrom1("--scale", optarg, largestPictureScale);
-            break;
-        case whatOption:
-            request.what = choice<Print>(
-                "--what takes map, script or sheet, not", optarg,
-                {{"map", Print::Map}, {"script", Print::Script}, {"sheet", Print::Sheet}});
-            break;
-        case paperOption:
-            request.paper =
-                choice<const char*>("--paper takes A4 or Letter, not", optarg, {{"A4", "A4"}, {"Letter", "Letter"}});
-            break;
-        case landscapeOption:
-            request.landscape = true;
-            break;
-        case copiesOption:
-            request.copies = numberFrom1("--copies", optarg, 999);
-            break;
-        case 'h':
-            request.command = Request::Command::Help;
+    Given given;
+    while (const Option* known = nextOption(argc, argv)) {
+        known->set(request, {known->name, optarg ? optarg : ""});
+        if (known->commands == insteadOfAny)
             return request;
-        case versionOption:
-            request.command = Request::Command::Version;
-            return request;
-        case ':':
-            throw UsageError(std::string("\"") + argv[optind - 1] + "\" needs a value");
-        default:
-            throw UsageError(std::string("there is no option \"") + argv[optind - 1] + "\"");
-        }
+        given.insert(known->name);
     }
     if (optind == argc)
         throw UsageError("no command is given");
     request.command = commandNamed(argv[optind]);
     request.maps.assign(argv + optind + 1, argv + argc);
-    check(request, exportOptions, printOptions);
+    check(request, given);
     return request;
 }
 

@@ -6,6 +6,9 @@
 #include "document/DocumentName.h"
 #include "document/Window1.h"
 #include "output/Export.h"
+#include "output/StripSheet.h"
+#include "output/TiledPrint.h"
+#include "output/UniversalVtt.h"
 #include "toolkit/Printing.h"
 #include "toolkit/ScriptedPlatform.h"
 #include "toolkit/Text.h"
@@ -13,6 +16,7 @@
 #include <unistd.h>
 
 #include <filesystem>
+#include <functional>
 #include <stdexcept>
 
 namespace quorrin {
@@ -63,9 +67,15 @@ private:
     fs::path folder_;
 };
 
-fs::path targetFolder(const Request& request)
+/// File managers make thumbnails of whatever lies in a folder, unasked.
+constexpr std::uintmax_t largestThumbnailMap = 64 << 20;
+
+void refuseHuge(const std::string& map)
 {
-    return request.folder.empty() ? fs::path(".") : fs::path(request.folder);
+    std::error_code fault;
+    const auto size = fs::file_size(map, fault);
+    if (!fault && size > largestThumbnailMap)
+        throw std::runtime_error("The file is too large for a thumbnail.");
 }
 
 void open(Window1& window, const ScriptedPlatform& platform, const std::string& map)
@@ -80,7 +90,7 @@ void open(Window1& window, const ScriptedPlatform& platform, const std::string& 
         throw std::runtime_error(platform.messages.front());
 }
 
-void print(Print what, Window1& window)
+void printFillingPages(Print what, Window1& window)
 {
     switch (what) {
     case Print::Map:
@@ -95,18 +105,77 @@ void print(Print what, Window1& window)
     }
 }
 
-void carryOut(const Request& request, Window1& window)
+using OpenPages = std::function<std::unique_ptr<Graphics>(const PrinterSetup& setup)>;
+
+/// Prints on pages of this paper, each copy as a whole.
+void printCopies(const Paper& paper, const OpenPages& openPages, const std::function<void(Graphics&)>& print)
+{
+    const auto g = openPages(setupOfWholePaper(paper.name, paper.landscape));
+    for (int copy = 1; copy <= g->Copies; ++copy) {
+        print(*g);
+        if (copy < g->Copies)
+            g->NextPage();
+    }
+}
+
+void printMapInTrueSize(const Request& request, Window1& window, const OpenPages& openPages)
+{
+    const PrintedMap map{request.square, request.board};
+    inVersions(window, [&](const ComposeVersion& compose) {
+        compose({request.markers, request.blackAndWhite});
+        const auto tiles = tiledPrint(window, map, request.paper);
+        printCopies(tiles.paper, openPages, [&](Graphics& g) { printTiles(g, tiles, window, map); });
+    });
+}
+
+void printCharactersInTrueSize(const Request& request, const Window1& window, const OpenPages& openPages)
+{
+    const auto characters = charactersToCut(window);
+    if (characters.empty())
+        throw std::runtime_error("No character has a figure or a number.");
+    const auto sheet = stripSheet(request.square, static_cast<int>(characters.size()), request.paper).value();
+    printCopies(sheet.paper, openPages, [&](Graphics& g) { printStrips(g, sheet, characters); });
+}
+
+void print(const Request& request, Window1& window, const OpenPages& openPages)
+{
+    if (request.square == 0)
+        printFillingPages(request.what, window);
+    else if (request.what == Print::Map)
+        printMapInTrueSize(request, window, openPages);
+    else
+        printCharactersInTrueSize(request, window, openPages);
+}
+
+void write(const Ref<FolderItem>& file, const std::string& text)
+{
+    const auto stream = TextOutputStream::Create(file);
+    if (!stream)
+        throw std::runtime_error("The file \"" + file->Name() + "\" cannot be created.");
+    stream->Write(text);
+    stream->Close();
+}
+
+/// `file` is the first, for most the only one, that the request writes.
+void carryOut(const Request& request, Window1& window, const Ref<FolderItem>& file, const OpenPages& openPages)
 {
     switch (request.command) {
     case Request::Command::Export:
         window.exportScale = request.scale;
+        window.exportCell = request.board ? request.cell : 0;
         window.ChooseMenu(request.pictureSet ? "mnuExportPictureSeries" : "mnuSavePicture");
         break;
     case Request::Command::Sheet:
         window.btnSaveCharacters.Push();
         break;
     case Request::Command::Print:
-        print(request.what, window);
+        print(request, window, openPages);
+        break;
+    case Request::Command::Vtt:
+        write(file, universalVtt(window, request.cell));
+        break;
+    case Request::Command::Thumbnail:
+        thumbnailPicture(window, request.size)->Save(file, PictureFormat::Png, 100);
         break;
     case Request::Command::Upgrade:
         if (!window.mSave())
@@ -122,6 +191,13 @@ void carryOut(const Request& request, Window1& window)
 
 std::mutex publishing;
 
+fs::path targetFolder(const Request& request)
+{
+    const fs::path output(request.output);
+    const auto folder = request.command == Request::Command::Thumbnail ? output.parent_path() : output;
+    return folder.empty() ? fs::path(".") : folder;
+}
+
 std::vector<std::string> outputNames(const Request& request, const std::string& map)
 {
     const auto fileName = fs::path(map).filename().string();
@@ -133,6 +209,10 @@ std::vector<std::string> outputNames(const Request& request, const std::string& 
         return {sheetFileName(name)};
     case Request::Command::Print:
         return {printTitle(name, request.what) + ".pdf"};
+    case Request::Command::Vtt:
+        return {vttFileName(name)};
+    case Request::Command::Thumbnail:
+        return {fs::path(request.output).filename().string()};
     default:
         return request.pictureSet ? seriesFileNames(name) : std::vector{pictureFileName(name)};
     }
@@ -151,17 +231,20 @@ void runJob(const Request& request, const std::string& map)
     app.Event_Open();
     Window1 window;
     window.Event_Open();
+    if (request.command == Request::Command::Thumbnail)
+        refuseHuge(map);
     open(window, platform, map);
 
     const Staging staging(targetFolder(request));
     const bool keepsFileName = request.command == Request::Command::Upgrade;
     platform.save = [&](const std::string& proposed) { return staging.file(keepsFileName ? names[0] : proposed); };
-    Module1::myPrinterSetup = New<PrinterSetup>(setupOfPaper(request.paper, request.landscape));
+    const auto& paper = request.paper.name.empty() ? "A4" : request.paper.name;
+    Module1::myPrinterSetup = New<PrinterSetup>(setupOfPaper(paper, request.paper.landscape));
     platform.printer = [&](const PrinterSetup& setup) {
         return printToPdf(staging.file(names[0])->Path(), setup, request.copies,
                           [&](const std::string& fault) { platform.MsgBox(fault); });
     };
-    carryOut(request, window);
+    carryOut(request, window, staging.file(names[0]), platform.printer);
     if (!platform.messages.empty())
         throw std::runtime_error(platform.messages.front());
     staging.publish(names);

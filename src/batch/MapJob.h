@@ -4,11 +4,15 @@
 
 #include <sys/types.h>
 
+#include <filesystem>
 #include <mutex>
 #include <string>
 #include <vector>
 
 namespace quorrin {
+
+/// Where the files of a request go.
+std::filesystem::path targetFolder(const Request& request);
 
 /// The names of the files that a request writes for one map.
 std::vector<std::string> outputNames(const Request& request, const std::string& map);

@@ -105,7 +105,7 @@ void endWorkers(int number)
 std::vector<fs::path> missingFolders(const Request& request)
 {
     std::vector<fs::path> missing;
-    for (auto folder = fs::absolute(request.folder); !fs::exists(folder); folder = folder.parent_path())
+    for (auto folder = fs::absolute(targetFolder(request)); !fs::exists(folder); folder = folder.parent_path())
         missing.push_back(folder);
     return missing;
 }

@@ -9,11 +9,6 @@ namespace quorrin {
 namespace {
 
 constexpr Color lineGrey = RGB(170, 170, 170);
-constexpr double footHeight = 22;
-constexpr double numberAboveEdge = 10;
-
-constexpr std::int64_t widestIcon = 60;
-constexpr std::int64_t highestIcon = 100;
 constexpr double shrinkStep = 0.9;
 /// The side of the blank picture that stands for none.
 constexpr std::int64_t blankSide = 32;

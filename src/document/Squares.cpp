@@ -1,30 +1,18 @@
+#include "document/Board.h"
 #include "document/Window1.h"
 
 namespace quorrin {
 
 namespace {
 
-constexpr int pitch = 62;
-/// How many squares the shorter side of a page holds; the longer holds all twelve.
-constexpr int squaresOnShortSide = 8;
-
-/// Where the first square of a page stands, in page pixels. The two are no swap of one another.
-struct Origin {
-    int x;
-    int y;
-};
-constexpr Origin landscapeOrigin{7, 42};
-constexpr Origin portraitOrigin{38, 7};
-
-void place(const Window1::Layer& squares, bool landscape)
+void place(const Window1::Layer& squares, const Board& board)
 {
-    const Origin origin = landscape ? landscapeOrigin : portraitOrigin;
     for (int i = 1; i <= Window1::columns; ++i) {
         for (int j = 1; j <= Window1::rows; ++j) {
             cSquare& square = *squares(i, j);
-            square.Visible = (landscape ? j : i) <= squaresOnShortSide;
-            square.x = (i - 1) * pitch + origin.x;
-            square.y = (j - 1) * pitch + origin.y;
+            square.Visible = i <= board.columns && j <= board.rows;
+            square.x = (i - 1) * Board::pitch + board.left;
+            square.y = (j - 1) * Board::pitch + board.top;
         }
     }
 }
@@ -40,12 +28,12 @@ void makeAnew(Window1::Layer& squares)
 
 void Window1::SetSquaresVisible(std::int64_t orientation)
 {
-    place(mySquares, orientation == 0);
+    place(mySquares, boardOf(orientation));
 }
 
 void Window1::SetTopSquaresVisible(std::int64_t orientation)
 {
-    place(mySquaresTop, orientation == 0);
+    place(mySquaresTop, boardOf(orientation));
 }
 
 void Window1::Initialize()

@@ -207,6 +207,8 @@ public:
     bool _mnuExportPictureSeries_Action();
     /// The least pixels a unit that exported pictures have, 1 to 8. The person's choice of a file type may ask for more.
     int exportScale = 1;
+    /// The pixels a square of exported pictures that are cut to the squares; 0 for the whole page.
+    int exportCell = 0;
     /// A new picture: the source a quarter turn clockwise.
     static Ref<Picture> RotatePict90(const Ref<Picture>& src);
     bool _mnPageSetup_Action();

@@ -14,6 +14,12 @@ class cCharacter {
 public:
     /// How many pixels of a figure are kept: four times as many each way as a token has.
     static constexpr std::int64_t mostIconPixels = std::int64_t{240} * 400;
+    /// What a token makes room for, in its pixels: the figure, the foot at either end, the number on the lower one.
+    static constexpr std::int64_t widestIcon = 60;
+    static constexpr std::int64_t highestIcon = 100;
+    static constexpr double footHeight = 22;
+    static constexpr double numberAboveEdge = 10;
+    static constexpr double numberSize = 12;
 
     /// The picture at the size at which it was loaded; nil for none.
     Ref<Picture> Icon;

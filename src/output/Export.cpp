@@ -1,12 +1,14 @@
 #include "output/Export.h"
 
 #include "app/Module1.h"
+#include "document/Board.h"
 #include "document/FileTypes1.h"
 #include "document/Window1.h"
 #include "toolkit/Platform.h"
 #include "toolkit/Text.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace quorrin {
 
@@ -27,6 +29,31 @@ const PictureKind pictureKinds[] = {
     {FileTypes1::SharpPngPicture, 4},
 };
 
+/// An area of the page, in its units.
+struct Area {
+    std::int64_t x, y, width, height;
+};
+
+/// A part of the page with exactly these pixels: drawn with at least as many, then reduced smoothly.
+Ref<Picture> partOfPage(const Picture& page, const Area& area, std::int64_t width, std::int64_t height)
+{
+    const double wanted = std::max(double(width) / double(area.width), double(height) / double(area.height));
+    const int scale = std::clamp(static_cast<int>(std::ceil(wanted)), 1, largestPictureScale);
+    const auto part = New<Picture>(width, height, 32);
+    part->Graphics().DrawPicture(page.Enlarged(scale), 0, 0, double(width), double(height), double(area.x * scale),
+                                 double(area.y * scale), double(area.width * scale), double(area.height * scale));
+    return part;
+}
+
+/// The page cut to its squares, or with as many pixels a unit as are wanted by the caller or by the person.
+Ref<Picture> pageToExport(const Window1& window, int scaleOfKind)
+{
+    if (window.exportCell > 0)
+        return boardPicture(window, window.exportCell);
+    const int scale = std::max(window.exportScale, scaleOfKind);
+    return scale == 1 ? window.myImage : window.myImage->Enlarged(scale);
+}
+
 /// Asks for a file and writes the page to it; nothing happens when the person cancels.
 void savePageAs(Window1& window, const std::string& name)
 {
@@ -37,22 +64,19 @@ void savePageAs(Window1& window, const std::string& name)
     const auto file = GetSaveFolderItem(types, name, &chosen);
     if (!file)
         return;
-    const int scale = std::max(window.exportScale, pictureKinds[chosen].scale);
-    const auto picture = scale == 1 ? window.myImage : window.myImage->Enlarged(scale);
-    picture->Save(file, PictureFormat::Png, bestQuality);
+    pageToExport(window, pictureKinds[chosen].scale)->Save(file, PictureFormat::Png, bestQuality);
 }
 
-/// One picture of the series. Black and white ones lie on white, with the walls in black.
+/// One picture of the series.
 struct SeriesStep {
     const char* suffix;
-    bool showMarkers;
-    bool blackAndWhite;
+    PageVersion version;
 };
 constexpr SeriesStep series[] = {
-    {" Color", false, false},
-    {" DM Color", true, false},
-    {" BW", false, true},
-    {" DM BW", true, true},
+    {" Color", {.showMarkers = false, .blackAndWhite = false}},
+    {" DM Color", {.showMarkers = true, .blackAndWhite = false}},
+    {" BW", {.showMarkers = false, .blackAndWhite = true}},
+    {" DM BW", {.showMarkers = true, .blackAndWhite = true}},
 };
 
 /// "Quorrin Map", and the document's name after a blank when it has one.
@@ -68,6 +92,21 @@ std::string seriesName(const std::string& documentName, const SeriesStep& step)
 }
 
 } // namespace
+
+Ref<Picture> boardPicture(const Window1& window, int cell)
+{
+    const Board& board = boardOf(window.pmLandscape.ListIndex);
+    return partOfPage(*window.myImage, {board.left, board.top, board.width(), board.height()}, board.columns * cell,
+                      board.rows * cell);
+}
+
+Ref<Picture> thumbnailPicture(const Window1& window, int size)
+{
+    const auto& page = *window.myImage;
+    const double factor = size / static_cast<double>(Window1::longSide);
+    const auto pixels = [&](std::int64_t side) { return std::max<std::int64_t>(1, std::llround(side * factor)); };
+    return partOfPage(page, {0, 0, page.Width(), page.Height()}, pixels(page.Width()), pixels(page.Height()));
+}
 
 std::string pictureFileName(const std::string& documentName)
 {
@@ -93,47 +132,57 @@ bool Window1::_mnuSavePicture_Action()
     return true;
 }
 
-bool Window1::_mnuExportPictureSeries_Action()
+void inVersions(Window1& window, const std::function<void(const ComposeVersion& compose)>& work)
 {
-    const bool showMarkers = cbShowDMObjects.Value;
-    const auto colorMode = pmColorBW.ListIndex.get();
-    const auto background = pmBackground.ListIndex.get();
-    const bool showClickable = cbShowClickable.Value;
-    const bool dirty = isDirty;
-    const auto visibleLayers = pmVisibleLayers.ListIndex.get();
+    const bool showMarkers = window.cbShowDMObjects.Value;
+    const auto colorMode = window.pmColorBW.ListIndex.get();
+    const auto background = window.pmBackground.ListIndex.get();
+    const bool showClickable = window.cbShowClickable.Value;
+    const bool dirty = window.isDirty;
+    const auto visibleLayers = window.pmVisibleLayers.ListIndex.get();
     Module1::gSkipWallColor = false;
 
+    const auto compose = [&](const PageVersion& version) {
+        Module1::gSkipWallColor = version.blackAndWhite;
+        window.cbShowDMObjects.Value = version.showMarkers;
+        window.pmBackground.ListIndex = version.blackAndWhite ? 0 : background;
+        window.pmColorBW.ListIndex = version.blackAndWhite ? blackAndWhite : colorMode;
+        window.RenderMap(true);
+    };
     // What the person had comes back even when a picture cannot be written.
-    putAside = {Snapshot(UserPicture), dirty};
+    window.putAside = {window.Snapshot(window.UserPicture), dirty};
     const auto restore = [&] {
         Module1::gSkipWallColor = false;
-        cbShowDMObjects.Value = showMarkers;
-        pmColorBW.ListIndex = colorMode;
-        pmBackground.ListIndex = background;
-        cbShowClickable.Value = showClickable;
-        isDirty = dirty;
-        pmVisibleLayers.ListIndex = visibleLayers;
-        putAside.reset();
-        RenderMap(true);
+        window.cbShowDMObjects.Value = showMarkers;
+        window.pmColorBW.ListIndex = colorMode;
+        window.pmBackground.ListIndex = background;
+        window.cbShowClickable.Value = showClickable;
+        window.isDirty = dirty;
+        window.pmVisibleLayers.ListIndex = visibleLayers;
+        window.putAside.reset();
+        window.RenderMap(true);
     };
 
     try {
-        pmVisibleLayers.ListIndex = 0;
-        cbShowDMObjects.Value = false;
-        cbShowClickable.Value = false;
-        for (const auto& step : series) {
-            Module1::gSkipWallColor = step.blackAndWhite;
-            cbShowDMObjects.Value = step.showMarkers;
-            pmBackground.ListIndex = step.blackAndWhite ? 0 : background;
-            pmColorBW.ListIndex = step.blackAndWhite ? blackAndWhite : colorMode;
-            RenderMap(true);
-            savePageAs(*this, seriesName(mySavedFileName, step));
-        }
+        window.pmVisibleLayers.ListIndex = 0;
+        window.cbShowDMObjects.Value = false;
+        window.cbShowClickable.Value = false;
+        work(compose);
     } catch (...) {
         restore();
         throw;
     }
     restore();
+}
+
+bool Window1::_mnuExportPictureSeries_Action()
+{
+    inVersions(*this, [this](const ComposeVersion& compose) {
+        for (const auto& step : series) {
+            compose(step.version);
+            savePageAs(*this, seriesName(mySavedFileName, step));
+        }
+    });
     return true;
 }
 

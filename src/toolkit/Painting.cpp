@@ -73,23 +73,11 @@ void carryOut(const StampedStep& step, const Surface& surface)
     }
 }
 
-/// How many pixels a unit make up the resolution that paper wants.
-double paperPixelsPerUnit(const QPainter& painter)
-{
-    const QTransform toDevice = painter.combinedTransform();
-    const double columnsPerUnit = std::hypot(toDevice.m11(), toDevice.m12());
-    const double rowsPerUnit = std::hypot(toDevice.m21(), toDevice.m22());
-    return std::max(columnsPerUnit / painter.device()->logicalDpiX(), rowsPerUnit / painter.device()->logicalDpiY())
-           * paperPixelsPerInch;
-}
-
 void carryOut(const TextStep& step, const Surface& surface)
 {
     const LaidOutText text(step.text, QtBridge::font(step.size), step.wrapWidth);
-    surface.painter.setPen(step.color);
-    if (surface.kind == Surface::Kind::Paper)
-        return text.drawOnPaper(surface.painter, step.baseline, paperPixelsPerUnit(surface.painter));
     inUnits(surface, [&] {
+        surface.painter.setPen(step.color);
         surface.painter.setRenderHint(QPainter::TextAntialiasing);
         text.draw(surface.painter, step.baseline);
     });
@@ -174,6 +162,16 @@ bool isPhotographic(const QImage& image)
     return false;
 }
 
+/// How many pixels a unit make up the resolution that paper wants.
+double paperPixelsPerUnit(const QPainter& painter)
+{
+    const QTransform toDevice = painter.combinedTransform();
+    const double columnsPerUnit = std::hypot(toDevice.m11(), toDevice.m12());
+    const double rowsPerUnit = std::hypot(toDevice.m21(), toDevice.m22());
+    return std::max(columnsPerUnit / painter.device()->logicalDpiX(), rowsPerUnit / painter.device()->logicalDpiY())
+           * paperPixelsPerInch;
+}
+
 /// Lays the units of the picture on the target.
 void useUnitsOf(const PictureStep& step, QPainter& painter)
 {
@@ -192,26 +190,36 @@ void useUnitsOf(const PictureStep& step, QPainter& painter)
     painter.setClipRect(step.part, Qt::IntersectClip);
 }
 
-/// What was drawn is drawn again; pixels go as they are, enlarged smoothly where they are too few.
+/// Draws what the clip shows of the source's pixels, enlarged smoothly where they are too few: a page of a large print
+/// takes no more than its own part.
+void paintPixelsOnPaper(const PictureSource& source, QPainter& painter)
+{
+    const double density = paperPixelsPerUnit(painter);
+    const QImage all = source.allPixels(static_cast<int>(std::clamp(std::ceil(density), 1.0, double(largestPictureScale))));
+    const QTransform toPixels =
+        QTransform::fromScale(double(all.width()) / source.size().width(), double(all.height()) / source.size().height());
+    const QRect pixels = toPixels.mapRect(painter.clipBoundingRect()).toAlignedRect() & all.rect();
+    if (pixels.isEmpty())
+        return;
+    const QRectF units = toPixels.inverted().mapRect(QRectF(pixels));
+    QImage image = pixels == all.rect() ? all : all.copy(pixels);
+    const QSize least(static_cast<int>(std::ceil(units.width() * density)),
+                      static_cast<int>(std::ceil(units.height() * density)));
+    if (image.width() < least.width() || image.height() < least.height())
+        image = withSize(image, image.size().expandedTo(least));
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    painter.setRenderHint(QPainter::LosslessImageRendering, !isPhotographic(image));
+    painter.drawImage(units, image);
+}
+
+/// What was drawn is drawn again; where there are only pixels, these.
 void paintOnPaper(const PictureStep& step, const Surface& surface)
 {
     QPainter& painter = surface.painter;
     painter.save();
     useUnitsOf(step, painter);
-    if (!step.source->replay(surface)) {
-        const double density = paperPixelsPerUnit(painter);
-        const QImage all = step.source->allPixels(static_cast<int>(std::clamp(std::ceil(density), 1.0, double(largestPictureScale))));
-        const QRect part = pixelsOfPart(step, all);
-        const QSize least = (step.part.size() * density).toSize();
-        if (!part.isEmpty()) {
-            QImage image = part == all.rect() ? all : all.copy(part);
-            if (image.width() < least.width() || image.height() < least.height())
-                image = withSize(image, image.size().expandedTo(least));
-            painter.setRenderHint(QPainter::SmoothPixmapTransform);
-            painter.setRenderHint(QPainter::LosslessImageRendering, !isPhotographic(image));
-            painter.drawImage(step.part, image);
-        }
-    }
+    if (!painter.clipBoundingRect().isEmpty() && !step.source->replay(surface))
+        paintPixelsOnPaper(*step.source, painter);
     painter.restore();
 }
 

@@ -183,6 +183,11 @@ PrinterSetup setupOfPaper(const std::string& paper, bool landscape)
     return {"paper=" + paper + ";orientation=" + (landscape ? "landscape" : "portrait")};
 }
 
+PrinterSetup setupOfWholePaper(const std::string& paper, bool landscape)
+{
+    return {setupOfPaper(paper, landscape).SetupString + ";margins=0,0,0,0"};
+}
+
 std::unique_ptr<Graphics> printToPdf(const std::string& path, const PrinterSetup& setup, int copies, Failed failed)
 {
     auto file = std::make_unique<QSaveFile>(QtBridge::qtPath(path));

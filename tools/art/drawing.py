@@ -140,6 +140,8 @@ def paint_page(studio, row, root, size):
     """Noise is right at one pixel a unit only and slow beyond, so the quiet layers are enlarged and the marks sharp."""
     page = np.zeros((size[1] * ZOOM, size[0] * ZOOM, 4), dtype=np.float32)
     for at, (quiet, layer) in enumerate(layers(root)):
+        # A layer sees no definition outside <defs>.
+        check_drawing(layer, row.file(studio.source), studio.classes, studio.shared_ids, False)
         name, sheet = f"{row.title}-{at}", studio.sheets["colour"]
         if quiet:
             pixels = rasterise(prepared_file(studio, name, layer, size, MARGIN), sheet, 1)

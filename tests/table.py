@@ -1,0 +1,248 @@
+#!/usr/bin/python3
+"""Measures what the built companion makes for the table: prints, pictures, virtual table top files, thumbnails.
+
+usage: table.py COMPANION SAMPLES
+"""
+
+import base64
+import io
+import json
+import re
+import subprocess
+import sys
+import tempfile
+import xml.etree.ElementTree as xml
+from pathlib import Path
+
+import numpy
+from PIL import Image
+
+companion, samples = (Path(argument).resolve() for argument in sys.argv[1:])
+maps = sorted(samples.glob("*.qrnm"))
+RED = (235, 40, 40)
+MILLIMETRE = 72 / 25.4
+
+
+def check(truth, what):
+    if not truth:
+        sys.exit(f"table: {what}")
+
+
+def run(*arguments, status=0):
+    done = subprocess.run([companion, *map(str, arguments)], capture_output=True, text=True, check=False, timeout=60)
+    check(done.returncode == status, f"status {done.returncode} of {arguments}: {done.stderr}")
+    return done.stderr
+
+
+def tool(*arguments):
+    return subprocess.run([*map(str, arguments)], capture_output=True, text=True, check=True).stdout
+
+
+def plain_map(folder, portrait=False, grid=8, objects={}, walls={}, markers={}):
+    """A map in an older form; walls of a square are the ten flags by name in the order of the file."""
+    flags = ["Top", "Left", "Bottom", "Right", "Slash", "BackSlash", "DoorTop", "DoorLeft", "DoorBottom", "DoorRight"]
+    places = [(column, row) for column in range(1, 13) for row in range(1, 13)]
+    left, top, columns = (38, 7, 8) if portrait else (7, 42, 12)
+    rows = 20 - columns
+    wall_items = ["".join(f"{int(flag in walls.get(place, ''))}," for flag in flags) + "\xfc" for place in places]
+    squares = [f"{markers.get((c, r), 0)},{objects.get((c, r), 0)},{int(c <= columns and r <= rows)},"
+               f"{left + 62 * (c - 1)},{top + 62 * (r - 1)},\xfc" for c, r in places]
+    text = (f"{int(portrait)}\xbb0\xbb0\xbb\xbb\xfe{grid}\xbb0\xbb\xfe" + "".join(wall_items) + "\xfe1\xfb"
+            + "".join(squares) + "\xfe1\xbb\xbb\xbb\xfe")
+    (folder / "Plain.qrnm").write_bytes(text.encode("latin-1"))
+    return folder / "Plain.qrnm"
+
+
+def grid_lines(pdf, page):
+    """Where the middles of the red lines of the grid stand on a page, across and down, in points."""
+    svg = pdf.with_suffix(".svg")
+    tool("pdftocairo", "-svg", "-f", page, "-l", page, pdf, svg)
+    found = (set(), set())
+    for path in xml.parse(svg).iter("{http://www.w3.org/2000/svg}path"):
+        color = [float(part) for part in re.findall(r"fill:rgb\(([\d.]+)%,([\d.]+)%,([\d.]+)%\)", path.get("style", ""))[0]] \
+            if "fill:rgb" in path.get("style", "") else []
+        if not color or any(abs(part * 2.55 - red) > 1 for part, red in zip(color, RED)):
+            continue
+        numbers = [float(part) for part in re.findall(r"-?[\d.]+", path.get("d"))]
+        xs, ys = numbers[0::2], numbers[1::2]
+        if max(xs) - min(xs) < max(ys) - min(ys):
+            found[0].add((max(xs) + min(xs)) / 2)
+        else:
+            found[1].add((max(ys) + min(ys)) / 2)
+    return [sorted(places) for places in found]
+
+
+def squares_are_exact(folder):
+    for portrait, square, options, pages, paper in [
+        (False, "1in", [], 2, "595 x 842"), (False, "25mm", ["--board"], 2, "595 x 842"),
+        (True, "25.4", ["--landscape"], 2, "842 x 595"), (True, "1.5in", ["--paper", "Letter", "--board"], 4, "612 x 792"),
+        (False, "10mm", ["--board"], 1, "595 x 842"), (False, "17", ["--board"], 1, "842 x 595"),
+    ]:
+        points = float(square.rstrip("inm")) * (72 if square.endswith("in") else MILLIMETRE)
+        run("print", "--square", square, *options, "-o", folder, plain_map(folder, portrait))
+        pdf = folder / "Plain Map.pdf"
+        info = tool("pdfinfo", pdf)
+        check(re.search(rf"^Pages: +{pages}$", info, re.M) and paper in info, f"{square} {options} is printed on {info}")
+        for page in range(1, pages + 1):
+            check(f"{page} of {pages}" in tool("pdftotext", "-f", page, "-l", page, pdf, "-"), f"page {page} has no number")
+            for lines in grid_lines(pdf, page):
+                check(len(lines) >= 4, f"only {len(lines)} lines on page {page} of {square}")
+                for before, after in zip(lines, lines[1:]):
+                    check(abs(after - before - points) < 0.1, f"a square of {square} is {after - before} points")
+
+
+def pages_fit_together(folder):
+    """The overlap of two pages shows the same 5 millimetres of the map."""
+    run("print", "--square", "1in", "--markers", "-o", folder, maps[0])
+    scale = 100 / 25.4
+    tool("pdftoppm", "-r", 100, "-png", folder / f"{maps[0].stem} Map.pdf", folder / "page")
+    one, two = (numpy.asarray(Image.open(folder / f"page-{n}.png").convert("L"), dtype=float) for n in (1, 2))
+    shown = numpy.argwhere(one[:, :int(9 * scale)] < 255)  # nothing in the outer margin
+    check(not shown.size, "something is printed in the margin")
+    top, bottom = (int(round(part)) for part in ((842 / 72 * 25.4 - 236) / 2 * scale + 8, (842 / 72 * 25.4 + 236) / 2 * scale - 8))
+    width = (756 / 62 * 25.4 + 5) / 2
+    right = (595 / 72 * 25.4 + width) / 2
+    left = (595 / 72 * 25.4 - width) / 2
+    inside = 4
+    a = one[top:bottom, int(round((right - 5) * scale)) + inside:int(round(right * scale)) - inside]
+    b = two[top:bottom, int(round(left * scale)) + inside:][:, :a.shape[1]]
+    check(a.std() > 10 and abs(a - b).mean() < 10, f"the pages do not fit together: {abs(a - b).mean()}")
+
+
+def prints_are_sharp(folder):
+    for options in (["--square", "1in"], ["--square", "60mm"], ["--what", "sheet", "--square", "25mm"]):
+        what = "Character Sheet" if "sheet" in options else "Map"
+        run("print", *options, "-o", folder, samples / "The Last Lantern.qrnm")
+        rows = tool("pdfimages", "-list", folder / f"The Last Lantern {what}.pdf").splitlines()[2:]
+        resolutions = {int(part) for row in rows for part in row.split()[12:14]}
+        check(rows and min(resolutions) >= 260, f"{options} has {resolutions} pixels an inch")
+
+
+def boards_are_cut_to_the_squares(folder):
+    for portrait in (False, True):
+        source = plain_map(folder, portrait)
+        for cell in (20, 62, 70, 140, 512):
+            run("export", "--board", "--cell", cell, "-o", folder, source)
+            picture = numpy.asarray(Image.open(folder / "Quorrin Map Plain.png").convert("RGB"), dtype=int)
+            size = (12 * cell, 8 * cell) if portrait else (8 * cell, 12 * cell)
+            check(picture.shape[:2] == size, f"{cell} pixels a square make {picture.shape}")
+            # The lines have their middle on the multiples.
+            red = 255 - picture[:, :, 2]
+            for profile in (red[cell // 2], red[:, cell // 2]):
+                for line in range(1, len(profile) // cell):
+                    near = profile[line * cell - cell // 4:line * cell + cell // 4].astype(float)
+                    middle = (near * (numpy.arange(len(near)) + 0.5)).sum() / near.sum() - cell // 4
+                    check(abs(middle) < 0.1, f"line {line} of cells of {cell} lies {middle} pixels aside")
+    run("export", "-o", folder / "whole", source)
+    run("export", "--board", "--cell", 62, "-o", folder, source)
+    whole = Image.open(folder / "whole/Quorrin Map Plain.png").crop((38, 7, 38 + 8 * 62, 7 + 12 * 62))
+    check(whole.tobytes() == Image.open(folder / "Quorrin Map Plain.png").tobytes(), "the board is no cut of the page")
+    run("export", "--set", "--board", "--cell", 30, "-o", folder / "set", source)
+    check({Image.open(file).size for file in (folder / "set").iterdir()} == {(240, 360)}, "the set is not cut")
+
+
+def on_table(folder, source, cell=70):
+    run("vtt", "--cell", cell, "-o", folder, source)
+    text = (folder / source.with_suffix(".dd2vtt").name).read_text(encoding="utf-8")
+    return json.loads(text), Image.open(io.BytesIO(base64.b64decode(json.loads(text)["image"], validate=True)))
+
+
+def table_maps_show_the_players_board(folder):
+    for source in maps:
+        table, picture = on_table(folder, source)
+        size = table["resolution"]["map_size"]
+        check(picture.size == (size["x"] * 70, size["y"] * 70), f"the picture of {source.stem} is {picture.size}")
+        run("export", "--set", "--board", "--cell", 70, "-o", folder, source)
+        players = Image.open(folder / f"Quorrin Map {source.stem} Color.png")
+        check(players.tobytes() == picture.tobytes(), f"{source.stem} does not show the players' picture")
+
+
+def table_maps_know_walls_doors_and_lights(folder):
+    walls = {
+        (2, 2): {"Top", "Left"}, (3, 2): {"Top"}, (2, 3): {"Left"},  # two edges each, joined at their corner
+        (2, 1): {"Bottom"},  # the same edge from above
+        (6, 2): {"Bottom", "DoorBottom"}, (6, 3): {"DoorTop"}, (7, 2): {"Bottom"},
+        (9, 5): {"Right"}, (10, 5): {"DoorLeft"},  # a door on either side wins
+        (4, 6): {"Slash"}, (5, 7): {"Slash"}, (8, 7): {"BackSlash"},
+        (4, 9): {"Top"},  # off the page
+    }
+    lights = {(1, 1): 34, (2, 1): 35, (3, 1): 38, (4, 1): 48, (5, 1): 120, (6, 1): 36, (1, 9): 34}
+    table, _ = on_table(folder, plain_map(folder, objects=lights, walls=walls), 20)
+    near, far = 20 / 62, 42 / 62
+    wanted = [
+        [(1, 3), (1, 1), (3, 1)],
+        [(5, 2), (5 + near, 2)], [(5 + far, 2), (7, 2)],
+        [(9, 4), (9, 4 + near)], [(9, 4 + far), (9, 5)],
+        [(3, 5), (5, 7)], [(7, 7), (8, 6)],
+    ]
+    got = [[(point["x"], point["y"]) for point in line] for line in table["line_of_sight"]]
+
+    def shape(lines):
+        return sorted(min(rounded, rounded[::-1]) for rounded in
+                      ([(round(x, 9), round(y, 9)) for x, y in line] for line in lines))
+    check(shape(got) == shape(wanted), f"the walls are {got}")
+    doors = [(door["position"], door["bounds"], round(door["rotation"], 4)) for door in table["portals"]]
+
+    def point(x, y):
+        return {"x": x, "y": y}
+    check(doors == [(point(5.5, 2), [point(5 + near, 2), point(5 + far, 2)], 0),
+                    (point(9, 4.5), [point(9, 4 + near), point(9, 4 + far)], 1.5708)], f"the doors are {doors}")
+    check(all(door["closed"] and not door["freestanding"] for door in table["portals"]), "a door stands open")
+    shining = [(light["position"]["x"], light["position"]["y"]) for light in table["lights"]]
+    check(shining == [(column + 0.5, 0.5) for column in range(5)], f"the lights are at {shining}")
+    check(all(light["range"] > 0 and re.fullmatch("ff[0-9a-f]{6}", light["color"]) for light in table["lights"]),
+          "a light has no range or no colour")
+
+    table, picture = on_table(folder, plain_map(folder, portrait=True, markers={(2, 2): 5}), 20)
+    check([table[key] for key in ("line_of_sight", "objects_line_of_sight", "portals", "lights")] == [[]] * 4,
+          "an empty map has no empty lists")
+    check(table["format"] == 0.3 and table["environment"]["ambient_light"] == "ffffffff"
+          and table["resolution"] == {"map_origin": point(0, 0), "map_size": point(8, 12), "pixels_per_grid": 20}
+          and isinstance(table["resolution"]["pixels_per_grid"], int), f"wrong facts: {table['resolution']}")
+    check(picture.convert("RGB").crop((21, 21, 39, 39)).getextrema() == ((255, 255),) * 3, "a marker is shown")
+
+
+def characters_fit_their_squares(folder):
+    run("print", "--what", "sheet", "--square", "30mm", "-o", folder, samples / "The Last Lantern.qrnm")
+    pdf = folder / "The Last Lantern Character Sheet.pdf"
+    words = tool("pdftotext", pdf, "-").split()
+    check([word for word in words if word.isdigit()] == [str(n) for n in range(1, 13)], f"the strips are {words}")
+    tool("pdftocairo", "-svg", "-f", 1, "-l", 1, pdf, folder / "strips.svg")
+    widths = set()
+    for path in xml.parse(folder / "strips.svg").iter("{http://www.w3.org/2000/svg}path"):
+        numbers = [float(part) for part in re.findall(r"-?[\d.]+", path.get("d"))]
+        if path.get("style", "").strip().startswith("stroke:none") and "rgb(0%,0%,0%)" in path.get("style") and numbers:
+            widths.add(round(max(numbers[0::2]) - min(numbers[0::2]), 1))
+    check(max(widths) == round(29 * MILLIMETRE, 1), f"a strip is {max(widths)} points wide")
+    run("print", "--what", "sheet", "--square", "30mm", "-o", folder / "none", plain_map(folder), status=1)
+    check(not list((folder / "none").glob("*")), "a sheet of nobody was printed")
+
+
+def thumbnails_are_small_or_none(folder):
+    run("thumbnail", "--size", 100, "-o", folder / "one.png", maps[1])
+    check(max(Image.open(folder / "one.png").size) == 100, "the thumbnail is not of its size")
+    whole = maps[1].read_bytes()
+    for damage in (b"", b"a letter", whole[:len(whole) // 3], b"\xfe" * 1000000, whole[:50] + bytes(range(256)) * 40000):
+        (folder / "damaged.qrnm").write_bytes(damage)
+        done = subprocess.run(["bash", "-c", 'ulimit -v 2000000 -t 5; exec "$@"', "bash", companion, "thumbnail", "-o",
+                               folder / "two.png", folder / "damaged.qrnm"], capture_output=True, check=False, timeout=20)
+        check(done.returncode == 1 and not (folder / "two.png").exists(), f"status {done.returncode} of a damaged map")
+
+
+def nonsense_is_refused(folder):
+    for line in ("export --board", "export --cell 70", "export --board --cell 19", "export --board --cell 70 --scale 2",
+                 "print --board", "print --bw", "print --markers", "print --what script --square 1in", "print --square 1cm",
+                 "print --square inf", "print --square 1mm", "print --what sheet --square 1in --board",
+                 "print --what sheet --square 90mm", "vtt --board", "vtt --square 1in", "vtt --cell 513", "sheet --cell 70",
+                 "upgrade -o x --cell 70", "thumbnail", "thumbnail -o x --jobs 2", "thumbnail -o x --size 9999",
+                 f"thumbnail -o x {maps[1].name}"):
+        words = [word if word != maps[1].name else maps[1] for word in line.split()] if maps[1].name in line else line.split()
+        said = run(*words, maps[0], status=2).splitlines()
+        check(len(said) == 2 and "--help" in said[1], f"{line}: {said}")
+
+
+for test in (squares_are_exact, pages_fit_together, prints_are_sharp, boards_are_cut_to_the_squares,
+             table_maps_show_the_players_board, table_maps_know_walls_doors_and_lights, characters_fit_their_squares,
+             thumbnails_are_small_or_none, nonsense_is_refused):
+    with tempfile.TemporaryDirectory() as name:
+        test(Path(name))
