@@ -3,6 +3,7 @@
 #include "desktop/QtText.h"
 #include "desktop/WidgetView.h"
 
+#include <QAccessibleWidget>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QFrame>
@@ -39,6 +40,13 @@ private:
     Label& label_;
 };
 
+/// A line is no frame to a screen reader.
+QAccessibleInterface* accessToLine(const QString&, QObject* object)
+{
+    auto* frame = qobject_cast<QFrame*>(object);
+    return frame && frame->frameShape() == QFrame::HLine ? new QAccessibleWidget(frame, QAccessible::Separator) : nullptr;
+}
+
 class SeparatorView : public WidgetView {
 public:
     SeparatorView(Separator& separator, QWidget* parent) : WidgetView(separator, line(parent)) {}
@@ -48,6 +56,7 @@ private:
     {
         auto* frame = new QFrame(parent);
         frame->setFrameStyle(int(QFrame::HLine) | int(QFrame::Sunken));
+        QAccessible::installFactory(accessToLine);
         return frame;
     }
 };

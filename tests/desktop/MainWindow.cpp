@@ -1,5 +1,7 @@
 #include "Person.h"
 
+#include "app/iniClass.h"
+
 #include <QAbstractButton>
 #include <QAccessible>
 #include <QColorDialog>
@@ -124,6 +126,38 @@ TEST_F(MainWindow, TheMapIsWorkedByKeyboard)
     person.key(Qt::Key_F10, Qt::ShiftModifier);
     EXPECT_EQ(menu.count, 1);
     EXPECT_EQ(window.RightClickObject, window.mySquares(2, 1));
+}
+
+TEST_F(MainWindow, AnotherToolIsOneChordAwayFromTheMap)
+{
+    struct Browser : DesktopPlatform {
+        bool Launch(const FolderItem& file) override { return opened = file.Name(), true; }
+        std::string opened;
+    } browser;
+    widgetOf<QWidget>(window.Canvas1).setFocus(Qt::TabFocusReason);
+    const struct {
+        Qt::Key key;
+        Qt::KeyboardModifier modifier;
+        int tool;
+        const char* help;
+    } chords[] = {{Qt::Key_PageDown, Qt::ControlModifier, Window1::GridTool, "grid.html"},
+                  {Qt::Key_4, Qt::AltModifier, Window1::ObjectTool, "objects.html"},
+                  {Qt::Key_PageDown, Qt::ControlModifier, Window1::MarkerTool, "markers.html"},
+                  {Qt::Key_PageDown, Qt::ControlModifier, Window1::BackgroundTool, "background.html"},
+                  {Qt::Key_PageUp, Qt::ControlModifier, Window1::MarkerTool, "markers.html"},
+                  {Qt::Key_3, Qt::AltModifier, Window1::WallTool, "walls.html"}};
+    for (const auto& [key, modifier, tool, help] : chords) {
+        person.key(key, modifier);
+        EXPECT_EQ(window.TabPanel1.Value, tool) << help;
+        EXPECT_EQ(QApplication::focusWidget(), &widgetOf<QWidget>(window.Canvas1));
+        person.key(Qt::Key_F1);
+        EXPECT_EQ(browser.opened, help);
+    }
+    window.bbScriptTool.Push();
+    person.key(Qt::Key_F1);
+    EXPECT_EQ(browser.opened, "script.html");
+    person.key(Qt::Key_PageUp, Qt::ControlModifier);
+    EXPECT_EQ(window.TabPanel1.Value, Window1::GridTool) << "from the text, too";
 }
 
 TEST_F(MainWindow, MenusAtTheMouseShowWhatTheyAreGiven)
@@ -271,6 +305,34 @@ TEST_F(MainWindow, TheColourWellIsPressedByMouseAndKeyboard)
         EXPECT_EQ(window.rWallColor.FillColor.get(), color == Qt::red ? RGB(255, 0, 0) : RGB(0, 0, 255));
         EXPECT_EQ(well.grab().toImage().pixelColor(80, 10), QColor(color));
     }
+}
+
+TEST_F(MainWindow, EachKindOfFileHasItsFolderInTheNextRunToo)
+{
+    std::filesystem::create_directories(folder / "maps");
+    std::filesystem::create_directories(folder / "pictures");
+    const auto saved = [&](const char* command, const QString& path) {
+        QString start;
+        Answer<QFileDialog> save([&](QFileDialog& dialog) {
+            start = dialog.directory().path();
+            dialog.findChild<QLineEdit*>("fileNameEdit")->setText(path);
+            path.isEmpty() ? dialog.reject() : QTest::keyClick(&dialog, Qt::Key_Return);
+        });
+        window.ChooseMenu(command);
+        return start.toStdString();
+    };
+    saved("mnuSave", QString::fromStdString(folder / "maps/cave.qrnm"));
+    EXPECT_EQ(saved("mnuSavePicture", QString::fromStdString(folder / "pictures/cave.png")), folder / "maps")
+        << "that of the last file, for a kind that has none yet";
+    EXPECT_EQ(saved("mnuSave", {}), folder / "maps");
+    EXPECT_EQ(saved("mnuSavePicture", {}), folder / "pictures");
+    const iniClass kept(folder.file("quorrin-map-maker/folders.ini"));
+    std::string path;
+    EXPECT_GT(kept.GetPreference("Folders", "Maps", path), 0);
+    EXPECT_EQ(path, folder / "maps");
+    EXPECT_FALSE(folder.file("ZVKQuorrinMapMaker/QuorrinMapMaker.ini")->Exists()) << "the preferences hold the page setup";
+    std::filesystem::remove_all(folder / "maps");
+    EXPECT_EQ(saved("mnuSave", {}), folder / "pictures");
 }
 
 TEST_F(MainWindow, OnASmallScreenTheContentScrolls)

@@ -1,0 +1,71 @@
+#include "desktop/Folders.h"
+
+#include "app/iniClass.h"
+#include "toolkit/QtBridge.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QStandardPaths>
+
+namespace quorrin {
+
+namespace {
+
+constexpr auto section = "Folders";
+constexpr auto maps = "Maps";
+constexpr auto pictures = "Pictures";
+
+/// The folder of the last file of this run.
+QString& lastFolder()
+{
+    static QString folder;
+    return folder;
+}
+
+Ref<FolderItem> stateFolder()
+{
+    const QString wanted = qEnvironmentVariable("XDG_STATE_HOME");
+    const QString state = QDir::isAbsolutePath(wanted) ? wanted : QDir::homePath() + "/.local/state";
+    return New<FolderItem>(QtBridge::plainPath(state + "/quorrin-map-maker"));
+}
+
+iniClass remembered()
+{
+    return iniClass(stateFolder()->Child("folders.ini"));
+}
+
+QString rememberedFolder(const char* kind)
+{
+    std::string path;
+    remembered().GetPreference(section, kind, path);
+    return QtBridge::qtPath(path);
+}
+
+} // namespace
+
+const char* kindOfFile(const QString& nameOrFilter)
+{
+    return nameOrFilter.contains(QLatin1String(".qrnm"), Qt::CaseInsensitive) ? maps : pictures;
+}
+
+QString startFolder(const char* kind)
+{
+    for (const QString& folder : {rememberedFolder(kind), lastFolder(),
+                                  QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation)})
+        if (!folder.isEmpty() && QFileInfo(folder).isDir())
+            return folder;
+    return QDir::homePath();
+}
+
+void rememberFolder(const char* kind, const QString& file)
+{
+    const QString folder = QFileInfo(file).absolutePath();
+    lastFolder() = folder;
+    // The file of the folders has lines.
+    if (folder == rememberedFolder(kind) || folder.contains('\r') || !QFileInfo(folder).isDir())
+        return;
+    stateFolder()->CreateAsFolder();
+    remembered().SetPreference(section, kind, QtBridge::plainPath(folder));
+}
+
+} // namespace quorrin
