@@ -75,6 +75,8 @@ public:
     /// Replaces the map by that of the file, of the newest form or any older one; nil re-renders the map. What
     /// cannot be read as a map is told in a message, never raised.
     void mOpen(const Ref<FolderItem>& file);
+    /// What the map that was opened last holds and nobody sees, as sentences: pictures that cannot be read.
+    std::string UnreadPictures;
     /// The whole text of the map file.
     std::string MapText();
     /// A picture as text of the map file, flattened on white.
