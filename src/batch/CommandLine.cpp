@@ -35,7 +35,8 @@ without a window.
       --version      shows the version
 
 A map that cannot be read is told and skipped; the exit status is 1 then, and
-2 when the command itself makes no sense.
+2 when the command itself makes no sense. A picture in a map that cannot be
+read is told and left out; the exit status is 0 then.
 )";
 
 namespace {

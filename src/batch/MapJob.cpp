@@ -129,7 +129,7 @@ std::vector<std::string> outputNames(const Request& request, const std::string& 
     }
 }
 
-void runJob(const Request& request, const std::string& map)
+std::string runJob(const Request& request, const std::string& map)
 {
     const auto names = outputNames(request, map);
     std::error_code ignored;
@@ -156,6 +156,7 @@ void runJob(const Request& request, const std::string& map)
     if (!platform.messages.empty())
         throw std::runtime_error(platform.messages.front());
     staging.publish(names);
+    return window.UnreadPictures;
 }
 
 } // namespace quorrin
