@@ -85,6 +85,8 @@ public:
     /// Takes the map from the whole text of a file; false when it is none of a map. Raises an exception when the text
     /// breaks off.
     bool ReadMapText(const std::string& text);
+    /// What the map that was opened last holds and nobody sees, as sentences: pictures that cannot be read.
+    std::string UnreadPictures;
     /// The whole text of the map file.
     std::string MapText() const;
     /// The map as it is now, but for its drawing, which is this one; nil for none.

@@ -177,15 +177,16 @@ QSize downsampled(QSize size, std::int64_t mostPixels)
     return (QSizeF(size) * std::sqrt(double(mostPixels) / double(pixelsOf(size)))).toSize().expandedTo({1, 1});
 }
 
-/// The whole image made smaller. Of one with transparency Qt would make another first.
+/// The whole image made smaller. Qt would make another whole one first where there is transparency.
 QImage downsampled(QImage&& image, std::int64_t mostPixels)
 {
     const QSize size = downsampled(image.size(), mostPixels);
-    if (image.format() == QImage::Format_RGBA64)
+    const QImage::Format format = image.format();
+    if (format == QImage::Format_RGBA64)
         image.convertTo(QImage::Format_RGBA64_Premultiplied);
-    else if (image.format() == QImage::Format_ARGB32)
+    else if (format == QImage::Format_ARGB32)
         image.convertTo(QImage::Format_ARGB32_Premultiplied);
-    return image.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    return image.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation).convertToFormat(format);
 }
 
 /// The bytes of an image file as they are decoded, and their format.

@@ -142,6 +142,18 @@ std::string Lowercase(std::string_view text)
     return lower;
 }
 
+bool HasEndlessWord(std::string_view text)
+{
+    constexpr std::size_t longest = 4000;
+    for (std::size_t start = 0; text.size() - start > longest;) {
+        const auto end = text.substr(start, longest + 1).find_last_of(blanks);
+        if (end == text.npos)
+            return true;
+        start += end + 1;
+    }
+    return false;
+}
+
 std::string ReplaceAll(std::string_view text, std::string_view wanted, std::string_view replacement)
 {
     std::string result;
