@@ -12,8 +12,6 @@ namespace quorrin {
 namespace {
 
 constexpr auto section = "Folders";
-constexpr auto maps = "Maps";
-constexpr auto pictures = "Pictures";
 
 /// The folder of the last file of this run.
 QString& lastFolder()
@@ -34,21 +32,26 @@ iniClass remembered()
     return iniClass(stateFolder()->Child("folders.ini"));
 }
 
-QString rememberedFolder(const char* kind)
+std::string keyOf(FileKind kind)
+{
+    return kind == FileKind::Map ? "Maps" : "Pictures";
+}
+
+QString rememberedFolder(FileKind kind)
 {
     std::string path;
-    remembered().GetPreference(section, kind, path);
+    remembered().GetPreference(section, keyOf(kind), path);
     return QtBridge::qtPath(path);
 }
 
 } // namespace
 
-const char* kindOfFile(const QString& nameOrFilter)
+FileKind kindOfFile(const QString& nameOrFilter)
 {
-    return nameOrFilter.contains(QLatin1String(".qrnm"), Qt::CaseInsensitive) ? maps : pictures;
+    return nameOrFilter.contains(QLatin1String(".qrnm"), Qt::CaseInsensitive) ? FileKind::Map : FileKind::Picture;
 }
 
-QString startFolder(const char* kind)
+QString startFolder(FileKind kind)
 {
     for (const QString& folder : {rememberedFolder(kind), lastFolder(),
                                   QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation)})
@@ -57,7 +60,7 @@ QString startFolder(const char* kind)
     return QDir::homePath();
 }
 
-void rememberFolder(const char* kind, const QString& file)
+void rememberFolder(FileKind kind, const QString& file)
 {
     const QString folder = QFileInfo(file).absolutePath();
     lastFolder() = folder;
@@ -65,7 +68,13 @@ void rememberFolder(const char* kind, const QString& file)
     if (folder == rememberedFolder(kind) || folder.contains('\r') || !QFileInfo(folder).isDir())
         return;
     stateFolder()->CreateAsFolder();
-    remembered().SetPreference(section, kind, QtBridge::plainPath(folder));
+    remembered().SetPreference(section, keyOf(kind), QtBridge::plainPath(folder));
+}
+
+void rememberFolderOf(const FolderItem& file)
+{
+    const QString path = QtBridge::qtPath(file.Path());
+    rememberFolder(kindOfFile(path), path);
 }
 
 } // namespace quorrin

@@ -59,14 +59,13 @@ std::unique_ptr<Graphics> DesktopPlatform::OpenPrinterDialog(const PrinterSetup&
             widget->setEnabled(false);
     offerColorModeToPrintersOnly(dialog, *printer);
     if (auto* fileName = dialog.findChild<QLineEdit*>(QStringLiteral("filename")))
-        fileName->setText(QDir(startFolder(prints)).filePath(qtText(title) + ".pdf"));
+        fileName->setText(QDir(startFolder(FileKind::Map)).filePath(qtText(title) + ".pdf"));
     if (dialog.exec() != QDialog::Accepted)
         return nullptr;
     const int copies = printer->copyCount();
     if (printer->outputFormat() == QPrinter::PdfFormat) {
         PrinterSetup chosen;
         QtBridge::readSetup(*printer, chosen);
-        rememberFolder(prints, printer->outputFileName());
         return printToPdf(QtBridge::plainPath(printer->outputFileName()), chosen, copies,
                           [](const std::string& fault) { reportFault(fault.c_str()); });
     }

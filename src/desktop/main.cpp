@@ -2,7 +2,6 @@
 #include "app/Recovery.h"
 #include "desktop/DesktopPlatform.h"
 #include "desktop/DesktopWindow.h"
-#include "desktop/Dialogs.h"
 #include "desktop/Folders.h"
 #include "desktop/ForcedEnd.h"
 #include "desktop/LastResort.h"
@@ -24,8 +23,7 @@ using namespace quorrin;
 void handOver(App& app, const std::string& path)
 {
     const auto file = New<FolderItem>(path);
-    const QString qtPath = QtBridge::qtPath(path);
-    rememberFolder(kindOfFile(qtPath), qtPath);
+    rememberFolderOf(*file);
     app.Event_OpenDocument(file);
 }
 
