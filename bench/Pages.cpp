@@ -25,11 +25,14 @@ int difference(const QImage& a, const QImage& b)
     return largest;
 }
 
-void composed(benchmark::State& state, Density density)
+/// With all pixels that a screen of this many a unit shows.
+void composed(benchmark::State& state, Density density, int scale)
 {
     Program program(density);
-    for (auto _ : state)
+    for (auto _ : state) {
         program.window.RenderMap(true);
+        benchmark::DoNotOptimize(QtBridge::drawnImage(*program.window.myImage, scale));
+    }
 }
 
 void plain(benchmark::State& state, Density density)
@@ -45,11 +48,15 @@ void plain(benchmark::State& state, Density density)
         benchmark::DoNotOptimize(plainPage(program.window));
 }
 
-BENCHMARK_CAPTURE(composed, blank, Density::Blank)->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(composed, blank, Density::Blank, 1)->Unit(benchmark::kMicrosecond);
 BENCHMARK_CAPTURE(plain, blank, Density::Blank)->Unit(benchmark::kMicrosecond);
-BENCHMARK_CAPTURE(composed, ordinary, Density::Ordinary)->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(composed, ordinary, Density::Ordinary, 1)->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(composed, ordinary twice as sharp, Density::Ordinary, 2)->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(composed, ordinary four times as sharp, Density::Ordinary, 4)->Unit(benchmark::kMicrosecond);
 BENCHMARK_CAPTURE(plain, ordinary, Density::Ordinary)->Unit(benchmark::kMicrosecond);
-BENCHMARK_CAPTURE(composed, densest, Density::Densest)->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(composed, densest, Density::Densest, 1)->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(composed, densest twice as sharp, Density::Densest, 2)->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(composed, densest four times as sharp, Density::Densest, 4)->Unit(benchmark::kMicrosecond);
 BENCHMARK_CAPTURE(plain, densest, Density::Densest)->Unit(benchmark::kMicrosecond);
 
 } // namespace

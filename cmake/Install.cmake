@@ -8,7 +8,12 @@ set(packaging_build ${CMAKE_BINARY_DIR}/packaging)
 set(app_id org.quorrin.MapMaker)
 set(app_data ${CMAKE_INSTALL_DATADIR}/quorrin-map-maker)
 
+# The library with the pictures is nobody else's, so it lies in a folder of the program's own.
+set(art_library_folder ${CMAKE_INSTALL_LIBDIR}/quorrin-map-maker)
+file(RELATIVE_PATH to_art_library ${CMAKE_INSTALL_FULL_BINDIR} ${CMAKE_INSTALL_FULL_LIBDIR}/quorrin-map-maker)
+set_target_properties(quorrin-map-maker quorrin-map-batch PROPERTIES INSTALL_RPATH $ORIGIN/${to_art_library})
 install(TARGETS quorrin-map-maker quorrin-map-batch)
+install(TARGETS quorrin_art LIBRARY DESTINATION ${art_library_folder})
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/samples/ DESTINATION ${app_data}/samples FILES_MATCHING PATTERN *.qrnm)
 
 # The desktop: menu entry, file type, thumbnails, icons, software centre.
@@ -18,15 +23,20 @@ install(FILES ${packaging}/${app_id}.mime.xml DESTINATION ${CMAKE_INSTALL_DATADI
 install(FILES ${packaging}/${app_id}.thumbnailer DESTINATION ${CMAKE_INSTALL_DATADIR}/thumbnailers)
 install(FILES ${packaging_build}/${app_id}.metainfo.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo)
 
-set(app_drawing ${PROJECT_SOURCE_DIR}/resources/art/pages/Icon128.svg)
-set(map_drawing ${packaging}/application-x-quorrin-map.svg)
+set(art_pages ${PROJECT_SOURCE_DIR}/resources/art/pages)
+set(app_drawings ${art_pages}/Icon128.svg ${art_pages}/Icon32.svg)
+set(map_drawings ${packaging}/application-x-quorrin-map.svg ${packaging}/application-x-quorrin-map-small.svg)
+set(symbolic_drawing ${packaging}/${app_id}-symbolic.svg)
+list(JOIN app_drawings "," app_pair)
+list(JOIN map_drawings "," map_pair)
 set(icon_stylesheet ${PROJECT_SOURCE_DIR}/resources/art/colour.css)
 add_custom_command(
   OUTPUT ${packaging_build}/icons.stamp
   COMMAND ${QUORRIN_ART_PYTHON} ${packaging}/make_icons.py --out ${packaging_build}/hicolor --stylesheet ${icon_stylesheet}
-          apps/${app_id}=${app_drawing} mimetypes/application-x-quorrin-map=${map_drawing}
+          apps/${app_id}=${app_pair} apps/${app_id}-symbolic=${symbolic_drawing}
+          mimetypes/application-x-quorrin-map=${map_pair}
   COMMAND ${CMAKE_COMMAND} -E touch ${packaging_build}/icons.stamp
-  DEPENDS ${packaging}/make_icons.py ${icon_stylesheet} ${app_drawing} ${map_drawing}
+  DEPENDS ${packaging}/make_icons.py ${icon_stylesheet} ${app_drawings} ${map_drawings} ${symbolic_drawing}
   COMMENT "Drawing the icons"
   VERBATIM)
 set(packaging_outputs ${packaging_build}/icons.stamp)
@@ -78,6 +88,7 @@ set(CPACK_STRIP_FILES ON)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SECTION graphics)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${CMAKE_BINARY_DIR})
 # The font of every text that the program draws.
 set(CPACK_DEBIAN_PACKAGE_DEPENDS fonts-dejavu-core)
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "qt6-wayland, xdg-utils")

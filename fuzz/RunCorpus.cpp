@@ -6,15 +6,20 @@
 #include <sstream>
 #include <sys/resource.h>
 
-// Feeds files to a fuzz target without a fuzzer. Arguments: folders. No file of a corpus is worth much memory.
+// Feeds files to a fuzz target without a fuzzer. Arguments: folders. No file of a corpus is worth much memory or time.
 
 extern "C" int LLVMFuzzerInitialize(int* argc, char*** argv);
 
-static long peakMegabytes()
+static rusage used()
 {
     rusage usage{};
     getrusage(RUSAGE_SELF, &usage);
-    return usage.ru_maxrss / 1024;
+    return usage;
+}
+
+static long processorSeconds()
+{
+    return used().ru_utime.tv_sec + used().ru_stime.tv_sec;
 }
 
 int main(int argc, char** argv)
@@ -28,10 +33,12 @@ int main(int argc, char** argv)
             std::ostringstream content;
             content << std::ifstream(entry.path(), std::ios::binary).rdbuf();
             const std::string bytes = content.str();
+            const long before = processorSeconds();
             LLVMFuzzerTestOneInput(reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size());
             ++files;
 #ifndef __SANITIZE_ADDRESS__
-            fuzz::expect(peakMegabytes() < 200, "opening takes little memory");
+            fuzz::expect(used().ru_maxrss < 320 * 1024, "opening takes little memory");
+            fuzz::expect(processorSeconds() - before < 5, "opening takes little time");
 #endif
         }
     }

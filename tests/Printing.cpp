@@ -1,11 +1,13 @@
 #include "output/Printing.h"
 
 #include "Fixture.h"
+#include "Pdf.h"
 
+#include "toolkit/Graphics.h"
 #include "toolkit/Printing.h"
 
 #include <algorithm>
-#include <regex>
+#include <cmath>
 
 using namespace quorrin;
 
@@ -53,14 +55,14 @@ protected:
         person.printer = [this](const PrinterSetup& setup) { return printToPdf(file->Path(), setup, copies); };
     }
 
-    /// How often something stands in the print just made.
-    std::ptrdiff_t count(const std::string& pattern) const
+    /// The point of the page, from its corner, where a place of a picture of this size is printed.
+    static std::pair<int, int> printedPlace(double x, double y, double width, double height, bool turned, double left,
+                                            double top, double areaWidth, double areaHeight)
     {
-        const auto pdf = contentOf(file->Path());
-        const std::regex wanted(pattern);
-        return std::distance(std::sregex_iterator(pdf.begin(), pdf.end(), wanted), {});
+        if (turned)
+            std::tie(x, y, width, height) = std::tuple(height - y, x, height, width);
+        return {static_cast<int>(left + x * areaWidth / width), static_cast<int>(top + y * areaHeight / height)};
     }
-    std::ptrdiff_t pages() const { return count("/Type /Page\\s"); }
 
     Ref<FolderItem> file = folder.file("print.pdf");
     int copies = 1;
@@ -96,44 +98,98 @@ TEST_F(Printing, AppearsWholeAtTheEndOrNotAtAll)
     print->NextPage();
     EXPECT_EQ(contentOf(file->Path()), "old");
     print = nullptr;
-    EXPECT_EQ(pages(), 2);
+    EXPECT_EQ(pagesOf(file->Path()).size(), 2u);
     EXPECT_THROW(printToPdf(folder / "no/such.pdf", {}, 1), IOException);
     EXPECT_FALSE(folder.file("no")->Exists());
 }
 
-TEST_F(Printing, PrintsEachCopyOfTheMapOnAPage)
+TEST_F(Printing, PrintsEachCopyOfTheMapStretchedOverItsPage)
 {
-    const std::tuple<const char*, int, int> cases[] = {
-        {"paper=Letter;orientation=landscape;margins=30,20,30,20", 0, 756},
-        {"paper=Letter", 0, 576},
-        {"paper=Letter;orientation=landscape;margins=30,5,30,5", 1, 756},
-        {"paper=Letter", 1, 756}};
-    for (const auto& [setup, orientation, printedWidth] : cases) {
-        for (const int wanted : {1, 3}) {
-            copies = wanted;
-            Module1::myPrinterSetup->SetupString = setup;
-            window.pmLandscape.ListIndex = orientation;
-            window.isDirty = false;
-            const auto page = window.myImage;
-            EXPECT_TRUE(window.ChooseMenu("mnuPrint"));
-            EXPECT_EQ(pages(), wanted) << setup;
-            EXPECT_EQ(count("/Width " + std::to_string(printedWidth)), 1) << setup;
-            EXPECT_TRUE(window.myImage == page);
-            EXPECT_FALSE(window.isDirty);
+    window.mySquares(1, 1)->Wall =
+        New<cWall>(true, false, false, false, false, false, false, false, false, false, RGB(255, 0, 0));
+    // Setup; orientation of the map; whether it is turned; the printable area: left, top, width, height.
+    const std::tuple<const char*, int, bool, double, double, double, double> cases[] = {
+        {"paper=Letter;orientation=landscape;margins=30,20,60,40", 0, false, 30, 20, 702, 552},
+        {"paper=Letter;margins=30,20,60,40", 0, true, 30, 20, 522, 732},
+        {"paper=Letter;orientation=landscape;margins=30,5,10,5", 1, true, 30, 5, 752, 602},
+        {"paper=Letter", 1, true, 28, 28, 612 - 56, 792 - 56}};
+    for (const auto& [setup, orientation, turned, left, top, width, height] : cases) {
+        SCOPED_TRACE(setup);
+        copies = orientation == 0 ? 3 : 1;
+        Module1::myPrinterSetup->SetupString = setup;
+        window.pmLandscape.ListIndex = orientation;
+        window.pmBackground.ListIndex = 1;
+        window.isDirty = false;
+        const auto page = window.myImage;
+        EXPECT_TRUE(window.ChooseMenu("mnuPrint"));
+        EXPECT_TRUE(window.myImage == page);
+        EXPECT_FALSE(window.isDirty);
+        const auto printed = pagesOf(file->Path());
+        ASSERT_EQ(printed.size(), static_cast<std::size_t>(copies));
+        const auto [wallX, wallY] = printedPlace(orientation ? 70 : 39, orientation ? 9.5 : 44.5, page->Width(),
+                                                 page->Height(), turned, left, top, width, height);
+        for (const auto& one : printed) {
+            EXPECT_EQ(pixelOf(one, wallX, wallY), RGB(255, 0, 0));
+            EXPECT_EQ(pixelOf(one, std::lround(left) + 2, std::lround(top + height) - 3), RGB(200, 200, 200));
+            EXPECT_EQ(pixelOf(one, std::lround(left) - 3, 200), white) << "the margin";
+            EXPECT_EQ(pixelOf(one, std::lround(left + width) + 2, 200), white) << "the margin";
         }
     }
+    EXPECT_EQ(person.proposedNames.back(), "Map");
 }
 
-TEST_F(Printing, TurnsTheSheetOnEveryPage)
+TEST_F(Printing, TurnsTheSheetOnEveryPageAndKeepsItsPhotographsWhole)
 {
+    const auto photograph = New<Picture>(600, 1000, 32);
+    photograph->Graphics().ForeColor = RGB(0, 0, 255);
+    photograph->Graphics().FillRect(0, 0, 600, 500);
+    for (int i = 1; i <= 20; ++i) {
+        window.myCharacters(i)->IconData = photograph->ToData(PictureFormat::Png, 100);
+        window.myCharacters(i)->LoadIcon();
+    }
     copies = 2;
-    for (const auto* setup : {"paper=A4", "paper=A4;orientation=landscape"}) {
+    window.mySavedFileName = "Den";
+    for (const auto* setup : {"paper=A4;margins=28,28,28,28", "paper=A4;orientation=landscape"}) {
+        SCOPED_TRACE(setup);
         Module1::myPrinterSetup->SetupString = setup;
         window.btnPrintCharacters.Push();
-        EXPECT_EQ(pages(), 2);
-        EXPECT_EQ(count("/Width 576"), 1) << setup;
-        EXPECT_EQ(count("/Height 756"), 1) << setup;
+        const auto printed = pagesOf(file->Path());
+        ASSERT_EQ(printed.size(), 2u);
+        const bool upright = printed[0]->Height() > printed[0]->Width();
+        const double width = (upright ? 595 : 842) - 56, height = (upright ? 842 : 595) - 56;
+        // The upper half of the lower figure of the first token, its lower half, and the upper half of the upper one.
+        for (const auto& [y, blue] : {std::pair{170, true}, {240, false}, {50, false}, {120, true}}) {
+            const auto [x, row] = printedPlace(65, y, 756, 576, true, 28, 28, width, height);
+            EXPECT_NEAR(pixelOf(printed[1], x, row).red, blue ? 0 : 255, 2) << y;
+        }
     }
+    const auto images = imagesOf(file->Path());
+    ASSERT_EQ(images.size(), 80u) << "two figures of twenty tokens on two pages";
+    for (const auto& image : images)
+        EXPECT_EQ(std::pair(image.width, image.height), std::pair(600, 1000));
+    EXPECT_EQ(person.proposedNames.back(), "Den Character Sheet");
+}
+
+TEST_F(Printing, IsSharp)
+{
+    window.pmBackground.ListIndex = 8;
+    window.pmGrid.ListIndex = 2;
+    window.pmBorderTop.ListIndex = window.pmBorderLeft.ListIndex = 2;
+    window.pmColorBW.ListIndex = 0;
+    for (int column = 1; column <= 12; ++column)
+        window.mySquares(column, 2)->thisObject = column;
+    window.mySquares(4, 4)->thisDM = 4;
+    window.cbShowDMObjects.Value = true;
+    window.RenderMap(true);
+    Module1::myPrinterSetup->SetupString = "paper=A4";
+    window.ChooseMenu("mnuPrint");
+    const auto images = imagesOf(file->Path());
+    EXPECT_GT(images.size(), 12u);
+    for (const auto& image : images)
+        EXPECT_TRUE(image.columnsPerInch >= 260 && image.rowsPerInch >= 260)
+            << image.width << " by " << image.height << " at " << image.columnsPerInch << " by " << image.rowsPerInch;
+    EXPECT_NE(outputOf("pdftotext '" + file->Path() + "' -").find('3'), std::string::npos) << "numbers are text";
+    EXPECT_LT(std::filesystem::file_size(file->Path()), 6u << 20);
 }
 
 TEST_F(Printing, AsksForThePageSetupFirstAndStopsWhenCancelled)

@@ -2,6 +2,8 @@
 
 #include "characters/Roster.h"
 
+#include <algorithm>
+
 using namespace quorrin;
 
 TEST(RosterRegions, AreLooserThanTheTokens)
@@ -62,12 +64,21 @@ TEST_F(Roster, SavesTheSheetAsJpeg)
 {
     window.btnSaveCharacters.Push();
     window.mySavedFileName = "Dark Cave";
+    window.myCharacters(3)->Icon = window.DrawObject(27, solidColor);
     person.save = [this](const std::string& name) { return folder.file(name); };
     window.btnSaveCharacters.Push();
     EXPECT_EQ(person.proposedNames, (std::vector<std::string>{"Character Sheet.jpg", "Dark Cave Character Sheet.jpg"}));
     EXPECT_TRUE(person.messages.empty());
     const auto sheet = Picture::Open(folder.file("Dark Cave Character Sheet.jpg"));
-    EXPECT_TRUE(pixelOf(sheet, 10, 10).red > 250 && pixelOf(sheet, 35, 100).red < 100);
+    const auto drawn = New<Picture>(756, 576, 32);
+    drawRoster(window, drawn->Graphics());
+    int largest = 0;
+    forEachPixel(756, 576, [&](auto x, auto y) {
+        const Color got = pixelOf(sheet, x, y), wanted = pixelOf(drawn, x, y);
+        largest = std::max({largest, std::abs(got.red - wanted.red), std::abs(got.green - wanted.green),
+                            std::abs(got.blue - wanted.blue)});
+    });
+    EXPECT_LE(largest, 5) << "colours are kept in full";
 
     person.save = [this](const std::string& name) { return folder.file("no such folder/" + name); };
     window.btnSaveCharacters.Push();

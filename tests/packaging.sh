@@ -19,7 +19,7 @@ version=${version##* }
 # Every file is right by the tool of its own kind.
 desktop-file-validate "$share/applications/$id.desktop"
 appstreamcli validate --no-net "$share/metainfo/$id.metainfo.xml" || fail "bad metainfo"
-xmllint --noout "$share/metainfo/$id.metainfo.xml" "$share/mime/packages/$id.xml" "$share"/icons/hicolor/scalable/*/*.svg
+xmllint --noout "$share/metainfo/$id.metainfo.xml" "$share/mime/packages/$id.xml" "$share"/icons/hicolor/{scalable,symbolic}/*/*.svg
 for page in quorrin-map-maker quorrin-map-batch; do
     faults=$(man --warnings -l "$share/man/man1/$page.1.gz" 2>&1 >"$page.txt")
     [ -z "$faults" ] || fail "$page.1: $faults"
@@ -37,8 +37,13 @@ for icon in "apps/$(sed -n 's/^Icon=//p' "$share/applications/$id.desktop")" mim
         wanted=" 0 0 $((size / 256)) $((size % 256))"
         [ "${got% }" = "$wanted$wanted" ] || fail "$icon is not $size pixels wide and high but $got"
     done
-    [ -s "$share/icons/hicolor/scalable/$icon.svg" ] || fail "no scalable $icon"
+    scalable=$share/icons/hicolor/scalable/$icon.svg
+    [ -s "$scalable" ] || fail "no scalable $icon"
+    ! rsvg-convert -w 16 -h 16 "$scalable" | cmp -s - "$share/icons/hicolor/16x16/$icon.png" || fail "$icon is not drawn for 16 pixels"
 done
+# A desktop recolours a symbolic icon, so it has one colour.
+symbolic=$share/icons/hicolor/symbolic/apps/$id-symbolic.svg
+[ "$(grep -oE '(fill|stroke)="[^"]*"' "$symbolic" | sort -u | wc -l)" = 1 ] || fail "the symbolic icon is not of one colour"
 
 # A map's file is known by its name, and its program is this one.
 export XDG_DATA_DIRS=$share XDG_DATA_HOME=$folder/home HOME=$folder/home PATH=$folder/usr/bin:$PATH

@@ -133,7 +133,6 @@ const Option options[] = {
      [](Request& request, const Value& value) { request.cell = value.number(20, 512); }},
     {"what", 0, true, of(Command::Print),
      [](Request& request, const Value& value) {
-         using Print = Request::Print;
          request.what = value.choice<Print>(
              "map, script or sheet", {{"map", Print::Map}, {"script", Print::Script}, {"sheet", Print::Sheet}});
      }},
@@ -176,17 +175,17 @@ const Rule rules[] = {
     {Command::Export, [](const Request&, const Given& given) { return given.contains("board") && given.contains("scale"); },
      "--scale does not go with --board: --cell N says how many pixels there are"},
     {Command::Print,
-     [](const Request& request, const Given&) { return request.square > 0 && request.what == Request::Print::Script; },
+     [](const Request& request, const Given&) { return request.square > 0 && request.what == Print::Script; },
      "--square belongs to prints of the map and of the sheet"},
     {Command::Print,
      [](const Request& request, const Given& given) {
-         const bool trueSizeMap = request.square > 0 && request.what == Request::Print::Map;
+         const bool trueSizeMap = request.square > 0 && request.what == Print::Map;
          return !trueSizeMap && (given.contains("board") || given.contains("bw") || given.contains("markers"));
      },
      "--board, --bw and --markers belong to prints of the map with --square LENGTH"},
     {Command::Print,
      [](const Request& request, const Given&) {
-         return request.square > 0 && request.what == Request::Print::Sheet
+         return request.square > 0 && request.what == Print::Sheet
                 && !stripSheet(request.square, 1, request.paper);
      },
      "characters for squares of that size do not fit on the paper"},

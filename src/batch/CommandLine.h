@@ -1,6 +1,7 @@
 #pragma once
 
 #include "output/Paper.h"
+#include "output/Printing.h"
 
 #include <stdexcept>
 #include <string>
@@ -19,8 +20,6 @@ struct Request {
     bool board = false;
     /// Pixels a square of pictures that are cut to the squares.
     int cell = 70;
-    /// What is printed, and on what.
-    enum class Print { Map, Script, Sheet };
     Print what = Print::Map;
     PaperWish paper;
     int copies = 1;

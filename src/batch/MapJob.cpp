@@ -11,13 +11,11 @@
 #include "output/UniversalVtt.h"
 #include "toolkit/Printing.h"
 #include "toolkit/ScriptedPlatform.h"
-#include "toolkit/Text.h"
 
 #include <unistd.h>
 
 #include <filesystem>
 #include <functional>
-#include <map>
 #include <stdexcept>
 
 namespace quorrin {
@@ -61,12 +59,6 @@ private:
     fs::path folder_;
 };
 
-const std::map<Request::Print, std::string> printNames{
-    {Request::Print::Map, " Map.pdf"},
-    {Request::Print::Script, " Script.pdf"},
-    {Request::Print::Sheet, " Character Sheet.pdf"},
-};
-
 /// File managers make thumbnails of whatever lies in a folder, unasked.
 constexpr std::uintmax_t largestThumbnailMap = 64 << 20;
 
@@ -97,16 +89,16 @@ void open(Window1& window, const ScriptedPlatform& platform, const std::string& 
         throw std::runtime_error(platform.messages.front());
 }
 
-void printFillingPages(Request::Print what, Window1& window)
+void printFillingPages(Print what, Window1& window)
 {
     switch (what) {
-    case Request::Print::Map:
+    case Print::Map:
         window.ChooseMenu("mnuPrint");
         break;
-    case Request::Print::Script:
+    case Print::Script:
         window.btnPrint.Push();
         break;
-    case Request::Print::Sheet:
+    case Print::Sheet:
         window.btnPrintCharacters.Push();
         break;
     }
@@ -148,7 +140,7 @@ void print(const Request& request, Window1& window, const OpenPages& openPages)
 {
     if (request.square == 0)
         printFillingPages(request.what, window);
-    else if (request.what == Request::Print::Map)
+    else if (request.what == Print::Map)
         printMapInTrueSize(request, window, openPages);
     else
         printCharactersInTrueSize(request, window, openPages);
@@ -206,7 +198,7 @@ std::vector<std::string> outputNames(const Request& request, const std::string& 
     case Request::Command::Sheet:
         return {sheetFileName(name)};
     case Request::Command::Print:
-        return {Trim(name + printNames.at(request.what))};
+        return {printTitle(name, request.what) + ".pdf"};
     case Request::Command::Vtt:
         return {vttFileName(name)};
     case Request::Command::Thumbnail:

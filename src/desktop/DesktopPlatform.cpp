@@ -45,8 +45,11 @@ void setUpDesktop()
     QApplication::setApplicationVersion(QString::fromStdString(Application::Version()));
     QApplication::setDesktopFileName(QStringLiteral("org.quorrin.MapMaker"));
     registerArt();
-    if (const auto icon = Picture::OpenFromApp("Icon128"))
-        QApplication::setWindowIcon(QIcon(QPixmap::fromImage(QtBridge::drawnImage(*icon))));
+    QIcon icon;
+    for (const auto* name : {"Icon32", "Icon128"})
+        if (const auto drawn = Picture::OpenFromApp(name))
+            icon.addPixmap(QPixmap::fromImage(QtBridge::drawnImage(*drawn)));
+    QApplication::setWindowIcon(icon);
 }
 
 } // namespace quorrin

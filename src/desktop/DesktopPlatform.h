@@ -17,7 +17,8 @@ public:
     Ref<MenuItem> PopUp(const MenuItem& base) override;
     void ShowModal(Window& window) override;
     bool PageSetupDialog(PrinterSetup& setup) override;
-    std::unique_ptr<Graphics> OpenPrinterDialog(const PrinterSetup& setup, Window& parent) override;
+    std::unique_ptr<Graphics> OpenPrinterDialog(const PrinterSetup& setup, Window& parent,
+                                                const std::string& title) override;
     bool Launch(const FolderItem& file) override;
     bool AsyncShiftKey() const override;
     bool AsyncControlKey() const override;

@@ -111,6 +111,11 @@ void rememberFolderOf(const FolderItem& file)
     lastFolder() = QFileInfo(QtBridge::qtPath(file.Path())).absolutePath();
 }
 
+QString currentFolder()
+{
+    return lastFolder();
+}
+
 QWidget* frontWidget()
 {
     if (QWidget* dialog = QApplication::activeModalWidget())

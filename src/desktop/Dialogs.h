@@ -2,6 +2,8 @@
 
 #include "toolkit/Platform.h"
 
+#include <QString>
+
 class QWidget;
 
 namespace quorrin {
@@ -13,5 +15,6 @@ QWidget* frontWidget();
 
 /// File dialogs start in the folder of this file from now on.
 void rememberFolderOf(const FolderItem& file);
+QString currentFolder();
 
 } // namespace quorrin

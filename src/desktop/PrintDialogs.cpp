@@ -5,9 +5,10 @@
 
 #include "toolkit/Printing.h"
 #include "toolkit/QtBridge.h"
-#include "toolkit/Window.h"
 
 #include <QComboBox>
+#include <QDir>
+#include <QLineEdit>
 #include <QPageSetupDialog>
 #include <QPrintDialog>
 #include <QPrinter>
@@ -41,12 +42,12 @@ void offerColorModeToPrintersOnly(QPrintDialog& dialog, const QPrinter& printer)
 
 } // namespace
 
-/// The window's title is what the queue of a printer shows, and the proposed name of a file.
-std::unique_ptr<Graphics> DesktopPlatform::OpenPrinterDialog(const PrinterSetup& setup, Window& parent)
+std::unique_ptr<Graphics> DesktopPlatform::OpenPrinterDialog(const PrinterSetup& setup, Window&,
+                                                             const std::string& title)
 {
     auto printer = std::make_unique<QPrinter>(QPrinter::HighResolution);
     QtBridge::applySetup(setup, *printer);
-    printer->setDocName(qtText(parent.Title));
+    printer->setDocName(qtText(title));
     QPrintDialog dialog(printer.get(), frontWidget());
     // Every print is a whole one; Qt offers a range of pages all the same.
     dialog.setOptions(QAbstractPrintDialog::PrintToFile | QAbstractPrintDialog::PrintShowPageSize);
@@ -54,6 +55,8 @@ std::unique_ptr<Graphics> DesktopPlatform::OpenPrinterDialog(const PrinterSetup&
         if (auto* widget = dialog.findChild<QWidget*>(choice))
             widget->setEnabled(false);
     offerColorModeToPrintersOnly(dialog, *printer);
+    if (auto* fileName = dialog.findChild<QLineEdit*>(QStringLiteral("filename")))
+        fileName->setText(QDir(currentFolder()).filePath(qtText(title) + ".pdf"));
     if (dialog.exec() != QDialog::Accepted)
         return nullptr;
     const int copies = printer->copyCount();

@@ -6,6 +6,8 @@
 #include "toolkit/Text.h"
 
 #include <exception>
+#include <map>
+#include <string_view>
 
 // Reads a map of the newest form or any older one. There is no version in a file: older forms have fewer sections and
 // fields, and what is missing keeps the value that it had. Nothing else is checked; a list that is too short raises
@@ -109,12 +111,26 @@ void readScript(Window1& window, const std::string& section)
     window.txtGameText.Text = window.myScript->GamtText;
 }
 
+/// What the icons of a map together may unpack to beyond the usual; a small file could fill many seconds otherwise.
+constexpr std::int64_t mostIconExcess = 384 << 20;
+
+/// Equal icons are decoded once.
 void readIcons(Window1& window, const std::string& section)
 {
     const auto fields = parts(Trim(section), Module1::sep);
+    std::map<std::string_view, Ref<Picture>> loaded;
+    std::int64_t excess = 0;
     for (int n = 1; n <= Window1::characters; ++n) {
-        window.myCharacters(n)->IconData = DecodeBase64(fields(n - 1));
-        window.myCharacters(n)->LoadIcon();
+        cCharacter& character = *window.myCharacters(n);
+        character.IconData = DecodeBase64(fields(n - 1));
+        const auto [icon, isNew] = loaded.try_emplace(character.IconData);
+        if (isNew) {
+            excess += Picture::ExcessOf(character.IconData);
+            if (excess <= mostIconExcess)
+                character.LoadIcon();
+            icon->second = character.Icon;
+        }
+        character.Icon = icon->second;
     }
 }
 

@@ -8,6 +8,12 @@
 
 namespace quorrin {
 
+/// What can be printed of a map.
+enum class Print { Map, Script, Sheet };
+
+/// The title of a print, and the name of its file without the extension: "NAME Map", or "Map" without a name.
+std::string printTitle(const std::string& documentName, Print what);
+
 /// Whether a picture goes on a page as it is, rather than turned by a quarter. The page is in points, `width` of the
 /// picture in its own pixels; a pixel counts as a point.
 bool staysUpright(double pageWidth, double pageHeight, double width);

@@ -27,21 +27,9 @@ constexpr double textHeight = std::size(instructions) * textLine + 6;
 constexpr double dash = 4;
 constexpr double dashPitch = 7;
 
-/// Enough for a strip of any size that a page holds.
-constexpr std::int64_t mostPrintedPixels = std::int64_t{960} * 1600;
-
 int fitting(double strip, double usable)
 {
     return std::max(0, static_cast<int>((usable + gap) / (strip + gap)));
-}
-
-/// The figure with the pixels that its file has: those in memory are enough for the screen only.
-Ref<Picture> figureOf(const cCharacter& character)
-{
-    if (!character.Icon || Val(character.IconData) < 0)
-        return character.Icon;
-    const auto figure = Picture::FromData(character.IconData, mostPrintedPixels);
-    return figure ? figure : character.Icon;
 }
 
 void drawFoldLine(Graphics& g, double left, double right, double y)
@@ -70,9 +58,9 @@ void drawStrip(Graphics& g, const StripSheet& sheet, const cCharacter& character
     const double fold = top + sheet.stripHeight / 2;
     const double foot = cCharacter::footHeight * unit;
     const double panel = sheet.stripHeight / 2 - foot;
-    if (const auto figure = figureOf(character)) {
-        drawFigure(g, cCharacter::FlipIcon(figure), middle, fold - panel / 2, unit);
-        drawFigure(g, figure, middle, fold + panel / 2, unit);
+    if (character.Icon) {
+        drawFigure(g, cCharacter::FlipIcon(character.Icon), middle, fold - panel / 2, unit);
+        drawFigure(g, character.Icon, middle, fold + panel / 2, unit);
     }
     g.ForeColor = black;
     if (character.Number > 0) {

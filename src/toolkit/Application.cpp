@@ -1,12 +1,8 @@
 #include "toolkit/Application.h"
 
 #include <QGuiApplication>
-#include <QResource>
 
 #include <cstdio>
-
-// In EmbeddedArt.S.
-extern "C" const unsigned char quorrinEmbeddedArt[];
 
 namespace quorrin {
 
@@ -40,10 +36,5 @@ ScreenlessToolkit::ScreenlessToolkit(int& argc, char** argv)
 }
 
 ScreenlessToolkit::~ScreenlessToolkit() = default;
-
-void registerArt()
-{
-    QResource::registerResource(quorrinEmbeddedArt);
-}
 
 } // namespace quorrin

@@ -1,8 +1,39 @@
 #include "toolkit/LaidOutText.h"
 
+#include <QGlyphRun>
 #include <QPainter>
+#include <QRawFont>
+
+#include <algorithm>
 
 namespace quorrin {
+
+namespace {
+
+bool isInColor(const QGlyphRun& run)
+{
+    constexpr const char* tables[] = {"CBDT", "COLR", "sbix", "SVG "};
+    const QRawFont font = run.rawFont();
+    return std::any_of(std::begin(tables), std::end(tables),
+                       [&](const char* table) { return !font.fontTable(table).isEmpty(); });
+}
+
+void drawAsPicture(QPainter& painter, QPointF at, const QGlyphRun& run, double pixelsPerUnit)
+{
+    const QRectF area = run.boundingRect().adjusted(-1, -1, 1, 1);
+    QImage image((area.size() * pixelsPerUnit).toSize(), QImage::Format_ARGB32_Premultiplied);
+    if (image.isNull())
+        return;
+    image.fill(Qt::transparent);
+    QPainter onImage(&image);
+    onImage.scale(image.width() / area.width(), image.height() / area.height());
+    onImage.setPen(painter.pen());
+    onImage.drawGlyphRun(-area.topLeft(), run);
+    onImage.end();
+    painter.drawImage(area.translated(at), image);
+}
+
+} // namespace
 
 LaidOutText::LaidOutText(QString text, const QFont& font, double wrapWidth) : metrics_(font)
 {
@@ -17,6 +48,24 @@ void LaidOutText::draw(QPainter& painter, QPointF firstBaseline) const
 {
     for (const QTextLayout& layout : paragraphs_)
         layout.draw(&painter, firstBaseline - QPointF(0, metrics_.ascent()));
+}
+
+void LaidOutText::drawOnPaper(QPainter& painter, QPointF firstBaseline, double pixelsPerUnit) const
+{
+    const QPointF at = firstBaseline - QPointF(0, metrics_.ascent());
+    for (const QTextLayout& layout : paragraphs_) {
+        const QList<QGlyphRun> runs = layout.glyphRuns();
+        if (std::none_of(runs.begin(), runs.end(), isInColor)) {
+            layout.draw(&painter, at);
+            continue;
+        }
+        for (const QGlyphRun& run : runs) {
+            if (isInColor(run))
+                drawAsPicture(painter, at, run, pixelsPerUnit);
+            else
+                painter.drawGlyphRun(at, run);
+        }
+    }
 }
 
 void LaidOutText::addParagraph(const QString& paragraph, const QFont& font, double wrapWidth)

@@ -20,6 +20,9 @@ public:
     double height() const { return lines_ * metrics_.lineSpacing(); }
 
     void draw(QPainter& painter, QPointF firstBaseline) const;
+    /// The same on paper, where glyphs of colour fonts go as pictures of so many pixels a unit: a PDF cannot hold such
+    /// a font in a form that viewers paint.
+    void drawOnPaper(QPainter& painter, QPointF firstBaseline, double pixelsPerUnit) const;
 
 private:
     void addParagraph(const QString& paragraph, const QFont& font, double wrapWidth);

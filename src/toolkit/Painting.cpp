@@ -73,11 +73,23 @@ void carryOut(const StampedStep& step, const Surface& surface)
     }
 }
 
+/// How many pixels a unit make up the resolution that paper wants.
+double paperPixelsPerUnit(const QPainter& painter)
+{
+    const QTransform toDevice = painter.combinedTransform();
+    const double columnsPerUnit = std::hypot(toDevice.m11(), toDevice.m12());
+    const double rowsPerUnit = std::hypot(toDevice.m21(), toDevice.m22());
+    return std::max(columnsPerUnit / painter.device()->logicalDpiX(), rowsPerUnit / painter.device()->logicalDpiY())
+           * paperPixelsPerInch;
+}
+
 void carryOut(const TextStep& step, const Surface& surface)
 {
     const LaidOutText text(step.text, QtBridge::font(step.size), step.wrapWidth);
+    surface.painter.setPen(step.color);
+    if (surface.kind == Surface::Kind::Paper)
+        return text.drawOnPaper(surface.painter, step.baseline, paperPixelsPerUnit(surface.painter));
     inUnits(surface, [&] {
-        surface.painter.setPen(step.color);
         surface.painter.setRenderHint(QPainter::TextAntialiasing);
         text.draw(surface.painter, step.baseline);
     });
@@ -162,16 +174,6 @@ bool isPhotographic(const QImage& image)
     return false;
 }
 
-/// How many pixels a unit make up the resolution that paper wants.
-double paperPixelsPerUnit(const QPainter& painter)
-{
-    const QTransform toDevice = painter.combinedTransform();
-    const double columnsPerUnit = std::hypot(toDevice.m11(), toDevice.m12());
-    const double rowsPerUnit = std::hypot(toDevice.m21(), toDevice.m22());
-    return std::max(columnsPerUnit / painter.device()->logicalDpiX(), rowsPerUnit / painter.device()->logicalDpiY())
-           * paperPixelsPerInch;
-}
-
 /// Lays the units of the picture on the target.
 void useUnitsOf(const PictureStep& step, QPainter& painter)
 {
@@ -195,9 +197,10 @@ void useUnitsOf(const PictureStep& step, QPainter& painter)
 void paintPixelsOnPaper(const PictureSource& source, QPainter& painter)
 {
     const double density = paperPixelsPerUnit(painter);
-    const QImage all = source.at(static_cast<int>(std::clamp(std::ceil(density), 1.0, double(largestPictureScale))));
-    const QTransform toPixels =
-        QTransform::fromScale(double(all.width()) / source.size().width(), double(all.height()) / source.size().height());
+    const auto scale = static_cast<int>(std::clamp(std::ceil(density), 1.0, double(largestPictureScale)));
+    const QImage all = source.allPixels(scale);
+    const QSizeF size = source.size();
+    const auto toPixels = QTransform::fromScale(all.width() / size.width(), all.height() / size.height());
     const QRect pixels = toPixels.mapRect(painter.clipBoundingRect()).toAlignedRect() & all.rect();
     if (pixels.isEmpty())
         return;

@@ -6,9 +6,6 @@
 #include "toolkit/PictureSource.h"
 #include "toolkit/QtBridge.h"
 
-#include <QBuffer>
-#include <QByteArray>
-#include <QImageWriter>
 #include <QPainter>
 
 #include <algorithm>
@@ -146,7 +143,9 @@ Ref<Picture> Picture::FromData(const std::string& bytes, std::int64_t mostPixels
     auto decoded = decodedPicture(bytes, mostPixels);
     if (decoded.image.isNull())
         return nullptr;
-    return QtBridge::picture(std::make_shared<Drawing>(decoded.size, std::move(decoded.image)));
+    const bool keptSmaller = decoded.image.size() != decoded.size;
+    return QtBridge::picture(std::make_shared<Drawing>(decoded.size, std::move(decoded.image),
+                                                       keptSmaller ? std::make_shared<std::string>(bytes) : nullptr));
 }
 
 Ref<Picture> Picture::Flattened()
@@ -180,16 +179,8 @@ void Picture::KeepPixels()
 
 std::string Picture::ToData(PictureFormat format, int quality) const
 {
-    if (format != PictureFormat::Jpeg)
-        return QtBridge::png(QtBridge::image(*this));
-    QByteArray data;
-    QBuffer buffer(&data);
-    buffer.open(QIODevice::WriteOnly);
-    QImageWriter writer(&buffer, "jpeg");
-    writer.setQuality(std::clamp(quality, 0, 100));
-    if (!writer.write(QtBridge::image(*this)))
-        throw IOException("The picture cannot be encoded: " + writer.errorString().toStdString());
-    return data.toStdString();
+    const QImage image = QtBridge::image(*this);
+    return format == PictureFormat::Jpeg ? QtBridge::jpeg(image, quality) : QtBridge::png(image);
 }
 
 void Picture::Save(const Ref<FolderItem>& file, PictureFormat format, int quality) const

@@ -50,6 +50,9 @@ public:
     /// no more than that many pixels.
     static Ref<Picture> FromData(const std::string& bytes, std::int64_t mostPixels = anyNumberOfPixels);
 
+    /// How many bytes more than usual an image file unpacks to for its length; 0 for almost all pictures.
+    static std::int64_t ExcessOf(const std::string& bytes);
+
     /// A copy on white, opaque.
     Ref<Picture> Flattened();
 

@@ -1,11 +1,11 @@
 #include "toolkit/PictureSource.h"
 
+#include "toolkit/CarriedArt.h"
 #include "toolkit/Picture.h"
+#include "toolkit/PictureDecoding.h"
 
 #include <QCache>
 #include <QColorSpace>
-#include <QFile>
-#include <QImageReader>
 #include <QPainter>
 
 #include <algorithm>
@@ -15,7 +15,7 @@ namespace quorrin {
 
 namespace {
 
-/// The scale at which the program carries pictures besides scale 1.
+/// The scale of the large forms of the pictures that the program carries.
 constexpr int largeArtScale = 4;
 
 /// Longer lists take more room than the pixels that they stand for.
@@ -45,7 +45,7 @@ QImage larger(std::uint64_t id, int scale, const std::function<QImage()>& make)
 
 void forgetLarger(std::uint64_t id)
 {
-    for (int scale = 2; scale <= largestPictureScale; ++scale)
+    for (int scale = 0; scale <= largestPictureScale; ++scale)
         largerPictures().remove({id, scale});
 }
 
@@ -61,26 +61,6 @@ QImage pixelsOf(QImage image)
     image.setColorSpace({});
     const auto form = image.hasAlphaChannel() ? QImage::Format_ARGB32_Premultiplied : QImage::Format_RGB32;
     return std::move(image).convertToFormat(form);
-}
-
-QString artPath(const std::string& name)
-{
-    return QStringLiteral(":/art/%1.png").arg(QString::fromStdString(name));
-}
-
-QImage plainArt(const std::string& name)
-{
-    return pixelsOf(QImage(artPath(name)));
-}
-
-/// The large form, reduced while it is read where the program wants less.
-QImage largeArt(const std::string& name, QSize wanted)
-{
-    const QString base = QStringLiteral(":/art/4x/%1").arg(QString::fromStdString(name));
-    QImageReader reader(QFile::exists(base + ".jpg") ? base + ".jpg" : base + ".png");
-    if (reader.format() == "jpg" || reader.format() == "jpeg")
-        reader.setScaledSize(wanted);
-    return withSize(pixelsOf(reader.read()), wanted);
 }
 
 bool isWhite(QRgb premultiplied)
@@ -122,14 +102,14 @@ Drawing::Drawing(std::string artName, QSize size, bool opaque)
     : PictureSource(size), origin_(Origin::Art), opaque_(opaque), artName_(std::move(artName)), id_(newId())
 {}
 
-Drawing::Drawing(QSize size, QImage pixels)
-    : PictureSource(size), origin_(Origin::Pixels), opaque_(!pixels.hasAlphaChannel()),
+Drawing::Drawing(QSize size, QImage pixels, std::shared_ptr<const std::string> file)
+    : PictureSource(size), origin_(Origin::Pixels), opaque_(!pixels.hasAlphaChannel()), file_(std::move(file)),
       plain_(pixelsOf(std::move(pixels))), id_(newId())
 {}
 
 Drawing::Drawing(const Drawing& other)
     : PictureSource(other), origin_(other.origin_), opaque_(other.opaque_), artName_(other.artName_),
-      steps_(other.steps_), depth_(other.depth_), plain_(other.plain_), painted_(other.painted_), id_(newId())
+      file_(other.file_), steps_(other.steps_), depth_(other.depth_), plain_(other.plain_), painted_(other.painted_), id_(newId())
 {}
 
 Drawing::~Drawing()
@@ -174,6 +154,7 @@ QImage& Drawing::pixels()
     QImage& image = plain();
     image = withSize(image, size());
     origin_ = Origin::Pixels;
+    file_ = nullptr;
     steps_.clear();
     painted_ = 0;
     depth_ = 0;
@@ -220,6 +201,18 @@ QImage Drawing::at(int scale) const
         return plain();
     hasLarger_ = true;
     return larger(id_, scale, [&] { return enlarged(scale); });
+}
+
+QImage Drawing::allPixels(int scale) const
+{
+    if (!file_)
+        return at(scale);
+    constexpr int asInFile = 0;
+    hasLarger_ = true;
+    return larger(id_, asInFile, [&] {
+        const QImage decoded = decodedPicture(*file_, Picture::anyNumberOfPixels).image;
+        return decoded.isNull() ? plain() : pixelsOf(decoded);
+    });
 }
 
 int Drawing::scaleToMaskAt(int scale) const
@@ -283,9 +276,7 @@ QImage MaskedPicture::at(int scale) const
 
 std::shared_ptr<Drawing> carriedPicture(const std::string& name)
 {
-    QImageReader reader(artPath(name));
-    const QSize size = reader.size();
-    const bool hasAlpha = reader.imageFormat() == QImage::Format_ARGB32;
+    const auto [size, hasAlpha] = carriedArt(name);
     return size.isEmpty() ? nullptr : std::make_shared<Drawing>(name, size, !hasAlpha);
 }
 

@@ -24,6 +24,9 @@ public:
     /// The picture at scale 1 is the one that files hold.
     virtual QImage at(int scale) const = 0;
 
+    /// The same with all the pixels that there are, though fewer may be kept for the screen.
+    virtual QImage allPixels(int scale) const { return at(scale); }
+
     /// The scale to ask for, so that masking at it and reducing the result gives `scale` without fringes.
     virtual int scaleToMaskAt(int scale) const { return scale; }
 
@@ -53,8 +56,8 @@ public:
     Drawing(QSize size, bool opaque);
     /// A picture that the program carries.
     Drawing(std::string artName, QSize size, bool opaque);
-    /// Pixels, as many as the image has.
-    Drawing(QSize size, QImage pixels);
+    /// Pixels, as many as the image has. Where the image file that they come from has more, its bytes are kept for paper.
+    Drawing(QSize size, QImage pixels, std::shared_ptr<const std::string> file = nullptr);
 
     Drawing(const Drawing& other);
     ~Drawing() override;
@@ -67,6 +70,7 @@ public:
     QImage& pixels();
 
     QImage at(int scale) const override;
+    QImage allPixels(int scale) const override;
     int scaleToMaskAt(int scale) const override;
     bool replay(const Surface& surface) const override;
     bool isClear() const override;
@@ -83,6 +87,7 @@ private:
     Origin origin_;
     bool opaque_;
     std::string artName_;
+    std::shared_ptr<const std::string> file_;
     std::vector<Step> steps_;
     int depth_ = 0;
     /// The pixels at scale 1 with the first `painted_` steps on them.

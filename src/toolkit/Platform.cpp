@@ -65,9 +65,9 @@ Ref<FolderItem> GetSaveFolderItem(const FileFilter& filter, const std::string& d
     return platform().GetSaveFolderItem(filter, defaultName, chosenKind);
 }
 
-std::unique_ptr<Graphics> OpenPrinterDialog(const Ref<PrinterSetup>& setup, Window& parent)
+std::unique_ptr<Graphics> OpenPrinterDialog(const Ref<PrinterSetup>& setup, Window& parent, const std::string& title)
 {
-    return platform().OpenPrinterDialog(*setup, parent);
+    return platform().OpenPrinterDialog(*setup, parent, title);
 }
 
 bool IsContextualClick()

@@ -67,8 +67,10 @@ public:
     /// Opens the window and returns when it has closed.
     virtual void ShowModal(Window& window) = 0;
     virtual bool PageSetupDialog(PrinterSetup& setup) = 0;
-    /// The pages of the printer that the person chose, in points of the printable size, with `Copies`.
-    virtual std::unique_ptr<Graphics> OpenPrinterDialog(const PrinterSetup& setup, Window& parent) = 0;
+    /// The pages of the printer that the person chose, in points of the printable size, with `Copies`. The title names
+    /// the job, and the file that is proposed for a print to a file.
+    virtual std::unique_ptr<Graphics> OpenPrinterDialog(const PrinterSetup& setup, Window& parent,
+                                                        const std::string& title) = 0;
     /// Hands a file to the program that the system has registered for it; false when that fails.
     virtual bool Launch(const FolderItem& file) = 0;
     virtual bool AsyncShiftKey() const = 0;
@@ -90,7 +92,7 @@ bool SelectColor(Color& color, const std::string& prompt);
 Ref<FolderItem> GetOpenFolderItem(const FileFilter& filter);
 Ref<FolderItem> GetSaveFolderItem(const FileFilter& filter, const std::string& defaultName,
                                   std::size_t* chosenKind = nullptr);
-std::unique_ptr<Graphics> OpenPrinterDialog(const Ref<PrinterSetup>& setup, Window& parent);
+std::unique_ptr<Graphics> OpenPrinterDialog(const Ref<PrinterSetup>& setup, Window& parent, const std::string& title);
 bool IsContextualClick();
 
 namespace Keyboard {

@@ -25,6 +25,8 @@ constexpr double pointsPerInch = 72;
 /// Below this no page setup that a person could mean leaves anything to print on.
 constexpr double smallestSide = 36;
 constexpr double largestSide = 14400;
+/// The margins of a setup that names none, in points; few printers reach closer to the edge on all sides.
+constexpr double usualMargin = 28;
 
 /// The pages of a printer or PDF; a unit is a point, the origin the corner of the printable area.
 class PageDevice : public GraphicsDevice {
@@ -87,7 +89,7 @@ private:
 };
 
 // The setup text: "paper=A4;size=595x842;orientation=landscape;margins=28,28,28,28", sizes in points, margins from the
-// left clockwise. Whatever part is missing or makes no sense is left as the device has it.
+// left clockwise. Whatever part is missing or makes no sense is left as usual.
 
 std::optional<QPageSize> knownPaper(const QString& key)
 {
@@ -126,6 +128,7 @@ QPageLayout layoutOf(const PrinterSetup& setup, QPageLayout layout)
 {
     const auto wanted = parts(setup.SetupString);
     layout.setUnits(QPageLayout::Point);
+    layout.setMargins({usualMargin, usualMargin, usualMargin, usualMargin});
     const auto size = numbers(wanted["size"], 'x', 2, smallestSide);
     if (const auto paper = knownPaper(wanted["paper"]))
         layout.setPageSize(*paper);
@@ -194,7 +197,6 @@ std::unique_ptr<Graphics> printToPdf(const std::string& path, const PrinterSetup
     auto writer = std::make_unique<QPdfWriter>(file.get());
     writer->setCreator(QStringLiteral("Quorrin Map Maker"));
     writer->setTitle(QFileInfo(file->fileName()).completeBaseName());
-    writer->setPageMargins({28, 28, 28, 28}, QPageLayout::Point);
     QtBridge::applySetup(setup, *writer);
     auto graphics =
         std::make_unique<Graphics>(std::make_unique<PdfDevice>(std::move(file), std::move(writer), std::move(failed)));

@@ -31,7 +31,7 @@ public:
     std::vector<std::string> messages;
     /// The messages of the questions asked.
     std::vector<std::string> questions;
-    /// The names that save dialogs proposed.
+    /// The names that save dialogs proposed, and the titles of print jobs.
     std::vector<std::string> proposedNames;
 
     MessageDialog::Answer Ask(const MessageDialog& dialog) override;
@@ -43,7 +43,8 @@ public:
     Ref<MenuItem> PopUp(const MenuItem& base) override;
     void ShowModal(Window& window) override;
     bool PageSetupDialog(PrinterSetup& setup) override;
-    std::unique_ptr<Graphics> OpenPrinterDialog(const PrinterSetup& setup, Window& parent) override;
+    std::unique_ptr<Graphics> OpenPrinterDialog(const PrinterSetup& setup, Window& parent,
+                                                const std::string& title) override;
     bool Launch(const FolderItem& file) override;
     bool AsyncShiftKey() const override { return shiftKey; }
     bool AsyncControlKey() const override { return controlKey; }

@@ -6,15 +6,13 @@ import os
 from concurrent.futures import ThreadPoolExecutor
 from pathlib import Path
 
-import numpy as np
-from PIL import Image
-
 from . import Refusal, pictures
 from .drawing import Studio
 from .manifest import LARGE
+from .pack import packed
 
 RECORD = "built.json"
-JPEG_QUALITY = 88
+JPEG_QUALITY = 78
 
 
 def tool_bytes():
@@ -36,7 +34,8 @@ def stale_rows(rows, source, out, common, record):
     def fresh(row):
         old = record.get(row.title)
         return (old and old["key"] == key_of(row, source, common)
-                and all((out / file).exists() for files in row.files().values() for file in files))
+                and all((out / name).exists()
+                            for files in row.files().values() for file in files for name in (file, carried(file))))
     return [row for row in rows if not fresh(row)]
 
 
@@ -72,23 +71,21 @@ def build_rows(rows, source, out):
 def save(row, made, out):
     """Writes a row's pictures; returns what tells its mask from another."""
     for name, files in row.files().items():
-        plain, large = made[name]
-        plain.save(out / files[0])
-        save_small(large, out / files[1])
+        for picture, file in zip(made[name], files):
+            path = out / file
+            if path.suffix == ".jpg":
+                # The noise of a page would fill megabytes without loss.
+                picture.save(path, quality=JPEG_QUALITY, optimize=True)
+            else:
+                picture.save(path, compress_level=1)
+                (out / carried(file)).write_bytes(packed(picture))
     mask = made[row.mask][0] if row.mask else None
     return {"mask": hashlib.sha1(mask.tobytes()).hexdigest() if mask else None}
 
 
-def save_small(picture, path):
-    """Without loss, with a palette where the colours allow it; a page as JPEG, whose noise would fill megabytes."""
-    if path.suffix == ".jpg":
-        return picture.save(path, quality=JPEG_QUALITY, optimize=True)
-    if picture.mode == "RGB":
-        colours, places = np.unique(np.asarray(picture).reshape(-1, 3), axis=0, return_inverse=True)
-        if len(colours) <= 256:
-            picture = Image.fromarray(places.reshape(picture.size[::-1]).astype(np.uint8), "P")
-            picture.putpalette(colours.tobytes())
-    picture.save(path, optimize=True)
+def carried(file):
+    """The file that the program carries for a picture that is shown as `file`."""
+    return file if file.endswith(".jpg") else file.removesuffix(".png") + ".art"
 
 
 def shared_mask_faults(rows, source, record):
@@ -103,8 +100,8 @@ def shared_mask_faults(rows, source, record):
 
 
 def write_lists(rows, out):
-    """art.qrc for rcc, and ArtPictures.inc with one macro call a picture."""
-    files = sorted({file for row in rows for pair in row.files().values() for file in pair})
+    """art.qrc for the resource compiler, and ArtPictures.inc with one macro call a picture."""
+    files = sorted({carried(file) for row in rows for pair in row.files().values() for file in pair})
     entries = "".join(f'  <file alias="{file}">{file}</file>\n' for file in files)
     write_if_changed(Path(out) / "art.qrc", f'<RCC>\n <qresource prefix="/art">\n{entries} </qresource>\n</RCC>\n')
     names = sorted({name for row in rows for name in row.files()})

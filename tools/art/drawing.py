@@ -18,7 +18,7 @@ from .manifest import folder_of
 SVG = "http://www.w3.org/2000/svg"
 ZOOM = 4  # pixels a unit of the large pictures; the plain ones are their average
 RING = 2  # units rasterised around an object, to see what crosses its edge
-QUIET = ("ground", "veil")  # the groups of a page that carry noise
+QUIET = ("ground", "veil")  # the groups of a page that carry noise, also numbered: veil-2
 MARGIN = 40  # units drawn beyond a page's edge, where filters fade
 ET.register_namespace("", SVG)
 
@@ -125,20 +125,23 @@ def enlarge(plane, step=ZOOM):
 def layers(root):
     """The drawing as (whether it is quiet, a drawing of that layer alone), lowest first."""
     def layer_of(child):
-        return child.get("id") if child.get("id") in QUIET else "marks"
+        name = child.get("id", "")
+        return name if name.split("-")[0] in QUIET else None
 
     shared = [child for child in root if local(child.tag) == "defs"]
     drawn = [child for child in root if child not in shared]
     for layer, children in itertools.groupby(drawn, layer_of):
         alone = copy.copy(root)
         alone[:] = [*shared, *children]
-        yield layer in QUIET, alone
+        yield layer is not None, alone
 
 
 def paint_page(studio, row, root, size):
     """Noise is right at one pixel a unit only and slow beyond, so the quiet layers are enlarged and the marks sharp."""
     page = np.zeros((size[1] * ZOOM, size[0] * ZOOM, 4), dtype=np.float32)
     for at, (quiet, layer) in enumerate(layers(root)):
+        # A layer sees no definition outside <defs>.
+        check_drawing(layer, row.file(studio.source), studio.classes, studio.shared_ids, False)
         name, sheet = f"{row.title}-{at}", studio.sheets["colour"]
         if quiet:
             pixels = rasterise(prepared_file(studio, name, layer, size, MARGIN), sheet, 1)

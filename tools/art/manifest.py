@@ -9,6 +9,7 @@ from . import Refusal
 # Kind of row -> number of picture names.
 NAMES_OF_KIND = {"object": 3, "terrain": 3, "border": 2, "page": 1, "grid": 1, "icon": 1, "cursor": 1}
 TILE = (56, 56)
+FLAGS = ("bleed", "hard")
 LARGE = "4x"  # the folder of the pictures with four pixels a unit
 
 
@@ -24,6 +25,7 @@ class Row:
     size: tuple  # width and height in pixels, None for any
     renames: dict = field(default_factory=dict, hash=False)
     bleed: bool = False
+    hard: bool = False
 
     @property
     def colour(self):
@@ -69,10 +71,10 @@ def parse_row(words, where):
         if name and not re.fullmatch(r"[A-Za-z]\w*", name):
             raise Refusal(f"{where}: {name} is no picture name")
     size = TILE if folder_of(kind) == "objects" else (None, None)
-    renames, bleed = {}, False
+    renames, flags = {}, set()
     for word in words[2 + count:]:
-        if word == "bleed":
-            bleed = True
+        if word in FLAGS:
+            flags.add(word)
         elif re.fullmatch(r"(\d+|\*)x(\d+|\*)", word):
             size = parse_size(word)
         elif re.fullmatch(r"[\w-]+=[\w-]+", word):
@@ -80,7 +82,10 @@ def parse_row(words, where):
             renames[old] = new
         else:
             raise Refusal(f"{where}: unknown option {word}")
-    return Row(kind, words[1], names, size, renames, bleed)
+    row = Row(kind, words[1], names, size, renames, **{flag: True for flag in flags})
+    if row.hard and (kind == "terrain" or not row.mask):
+        raise Refusal(f"{where}: hard needs the mask of an object or a border")
+    return row
 
 
 def read(source):

@@ -29,8 +29,10 @@ def colour_picture(pixels):
     return Image.fromarray(colour, "RGB")
 
 
-def mask_picture(pixels, opacity):
+def mask_picture(pixels, opacity, hard=False):
     alpha = pixels[..., 3]
+    if hard:
+        alpha = np.where(alpha >= INSIDE, 1, 0)
     return Image.fromarray(np.where(alpha >= EDGE, to_bytes(1 - alpha * opacity), 255).astype(np.uint8), "L")
 
 
@@ -126,7 +128,7 @@ def finish(row, looks):
     if row.colour:
         made[row.colour] = colour_picture(first)
     if row.mask:
-        made[row.mask] = mask_picture(first, TERRAIN_OPACITY if row.kind == "terrain" else 1)
+        made[row.mask] = mask_picture(first, TERRAIN_OPACITY if row.kind == "terrain" else 1, row.hard)
     if row.bw:
         made[row.bw] = bw_picture(looks["bw"], row.kind == "object")
     return made

@@ -1,0 +1,94 @@
+#include "Fixture.h"
+
+#include <algorithm>
+#include <cstdlib>
+
+using namespace quorrin;
+
+// A page with more pixels than units is the same page: where it is averaged to a pixel a unit, it equals the plain one
+// on everything straight, and comes near it on art and slanting lines.
+
+namespace {
+
+/// How the plain page and the averaged one differ: the largest difference of a channel, the mean, and the share of pixels
+/// that differ by more than 40.
+struct Difference {
+    int largest = 0;
+    double mean = 0;
+    double farShare = 0;
+};
+
+Difference difference(const Ref<Picture>& plain, int scale)
+{
+    const auto large = plain->Enlarged(scale);
+    Difference all;
+    const double pixels = static_cast<double>(plain->Width() * plain->Height());
+    forEachPixel(plain->Width(), plain->Height(), [&](auto x, auto y) {
+        int sum[3] = {};
+        forEachPixel(scale, scale, [&](auto dx, auto dy) {
+            const Color part = pixelOf(large, x * scale + dx, y * scale + dy);
+            sum[0] += part.red, sum[1] += part.green, sum[2] += part.blue;
+        });
+        const Color one = pixelOf(plain, x, y);
+        const int area = scale * scale;
+        const int off = std::max({std::abs(sum[0] / area - one.red), std::abs(sum[1] / area - one.green),
+                                  std::abs(sum[2] / area - one.blue)});
+        all.largest = std::max(all.largest, off);
+        all.mean += off / pixels;
+        all.farShare += (off > 40) / pixels;
+    });
+    return all;
+}
+
+class SharpPages : public Program {
+protected:
+    void addWalls(bool slanting)
+    {
+        for (int i = 1; i <= 8; ++i)
+            window.mySquares(i, 9 - i)->Wall = New<cWall>(i % 2 == 0, i % 3 == 0, i % 4 == 0, i == 7, slanting, slanting,
+                                                          i == 1, i == 2, i == 3, i == 5, RGB(120, 20, i * 20));
+    }
+};
+
+} // namespace
+
+TEST_F(SharpPages, EqualThePlainOneOnEverythingStraight)
+{
+    for (const int portrait : {0, 1}) {
+        window.pmLandscape.ListIndex = portrait;
+        window.pmBackground.ListIndex = 1;
+        addWalls(false);
+        for (int stairs = 5; stairs <= 8; ++stairs)
+            window.mySquares(stairs, 3)->thisObject = stairs;
+        for (const int grid : {3, 6}) {
+            window.pmGrid.ListIndex = grid;
+            window.cbShowClickable.Value = grid == 6;
+            for (const int scale : {3, 4})
+                EXPECT_LE(difference(window.myImage, scale).largest, scale == 4 ? 0 : 1) << portrait << ", " << grid << ", " << scale;
+        }
+    }
+}
+
+TEST_F(SharpPages, ComeNearThePlainOneOnArtAndSlantingLines)
+{
+    for (const int portrait : {0, 1}) {
+        window.pmLandscape.ListIndex = portrait;
+        window.pmGrid.ListIndex = 2;
+        window.pmBorderTop.ListIndex = window.pmBorderRight.ListIndex = 1 + portrait;
+        window.pmBorderBottom.ListIndex = window.pmBorderLeft.ListIndex = 3 - portrait;
+        window.cbShowDMObjects.Value = true;
+        addWalls(true);
+        for (int i = 1; i <= 144; ++i) {
+            window.mySquares((i - 1) % 12 + 1, (i - 1) / 12 + 1)->thisObject = i % 3 ? i % 124 : 0;
+            window.mySquaresTop((i - 1) % 12 + 1, (i - 1) / 12 + 1)->thisObject = i % 5 ? 0 : (i * 7) % 124;
+            window.mySquares((i - 1) % 12 + 1, (i - 1) / 12 + 1)->thisDM = i % 21;
+        }
+        for (const int mode : {0, 1, 2}) {
+            window.pmColorBW.ListIndex = mode;
+            window.pmBackground.ListIndex = mode == 2 ? 0 : 2 + 6 * mode;
+            const auto off = difference(window.myImage, 4);
+            EXPECT_LT(off.mean, 8) << portrait << ", " << mode;
+            EXPECT_LT(off.farShare, 0.05) << portrait << ", " << mode;
+        }
+    }
+}
