@@ -15,7 +15,7 @@
 #include <string>
 #include <tuple>
 
-/// A folder of its own for each test. Preferences land there too.
+/// A folder of its own for each test. Preferences and recovery copies land there too.
 class TestFolder {
 public:
     TestFolder() : path((std::filesystem::temp_directory_path() / "quorrin-XXXXXX").string())
@@ -23,6 +23,7 @@ public:
         if (!mkdtemp(path.data()))
             throw std::runtime_error("cannot make " + path);
         setenv("XDG_DATA_HOME", path.c_str(), true);
+        setenv("XDG_STATE_HOME", path.c_str(), true);
     }
     ~TestFolder() { std::filesystem::remove_all(path); }
 

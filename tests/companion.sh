@@ -20,6 +20,16 @@ status 0 "$program" export --set -o pictures -- *.qrnm
 file=$(printf 'pictures/Quorrin Map %s DM BW.png' "$name")
 [ "$(head -c 4 "$file" | tail -c 3)" = PNG ] || fail "no PNG"
 
+# A map's pictures are the same whatever the process drew before.
+for map in *.qrnm; do
+    status 0 "$program" export --set -o alone "$map"
+done
+status 0 "$program" export --set --jobs 1 -o together -- *.qrnm
+diff -r alone together || fail "pictures depend on the maps before"
+[ "$(printf 'pictures/Quorrin Map %s Color.png' "$name" | xargs -d '\n' file | grep -c '756 x 576\|576 x 756')" = 1 ] || fail "no plain size"
+status 0 "$program" export --scale 3 -o sharp "$sample"
+file "sharp/Quorrin Map $name.png" | grep -q '2268 x 1728\|1728 x 2268' || fail "not three times as sharp"
+
 # The newest form of the newest form is itself, byte for byte.
 status 0 "$program" upgrade -o new -- *.qrnm
 status 0 "$program" upgrade -o newer new/*.qrnm
@@ -62,11 +72,28 @@ mkdir -p "full/Quorrin Map $name.png"
 status 1 "$program" export -o full "$sample"
 [ "$(ls -A full | wc -l)" = 1 ] || fail "rests of refused work are left"
 
+# Ended by a signal, it leaves whole results or none, nothing begun and no worker.
+mkdir many && for copy in {1..30}; do cp before "many/map $copy.qrnm"; done
+for signal in TERM:143 INT:130; do
+    rm -rf new
+    got=0
+    timeout --preserve-status -s "${signal%:*}" 1 "$program" export --set --jobs 2 -o new/pictures many/*.qrnm || got=$?
+    [ "$got" = "${signal#*:}" ] || fail "status $got after a signal"
+    [ -e new ] || continue
+    left=$(ls -A new/pictures)
+    [ "$(($(wc -l <<<"$left") % 4))" = 0 ] || fail "half of a result"
+    [ "${left:0:1}" != . ] || fail "something begun is left"
+    sleep 0.3
+    [ "$(ls -A new/pictures)" = "$left" ] || fail "a worker is left"
+done
+
 # Wrong usage.
 status 2 "$program"
 status 2 "$program" export
 status 2 "$program" upgrade "$sample"
 status 2 "$program" export --jobs none "$sample"
+status 2 "$program" export --scale 9 "$sample"
+status 2 "$program" sheet --scale 2 "$sample"
 status 2 "$program" print --what picture "$sample"
 status 2 "$program" print --paper Napkin "$sample"
 status 2 "$program" print --copies 0 "$sample"

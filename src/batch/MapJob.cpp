@@ -24,13 +24,19 @@ namespace fs = std::filesystem;
 
 namespace {
 
+/// How the names of the folders begin in which a worker makes its results.
+std::string stagingPrefix(pid_t worker)
+{
+    return ".quorrin-map-" + std::to_string(worker) + "-";
+}
+
 /// A folder beside the results in which they are made, so that they come into place whole and together.
 class Staging {
 public:
     explicit Staging(fs::path target) : target_(std::move(target))
     {
         fs::create_directories(target_);
-        std::string pattern = (target_ / ".quorrin-map-XXXXXX").string();
+        std::string pattern = (target_ / (stagingPrefix(getpid()) + "XXXXXX")).string();
         if (!mkdtemp(pattern.data()))
             throw std::runtime_error("The folder \"" + target_.string() + "\" cannot be written to.");
         folder_ = pattern;
@@ -50,6 +56,7 @@ public:
         for (const auto& name : names)
             if (fs::is_directory(target_ / name))
                 throw std::runtime_error("\"" + (target_ / name).string() + "\" is a folder.");
+        const std::lock_guard lock(publishing);
         for (const auto& name : names)
             fs::rename(folder_ / name, target_ / name);
     }
@@ -61,13 +68,6 @@ private:
 
 /// File managers make thumbnails of whatever lies in a folder, unasked.
 constexpr std::uintmax_t largestThumbnailMap = 64 << 20;
-
-fs::path targetFolder(const Request& request)
-{
-    const fs::path output(request.output);
-    const auto folder = request.command == Request::Command::Thumbnail ? output.parent_path() : output;
-    return folder.empty() ? fs::path(".") : folder;
-}
 
 void refuseHuge(const std::string& map)
 {
@@ -188,6 +188,15 @@ void carryOut(const Request& request, Window1& window, const Ref<FolderItem>& fi
 
 } // namespace
 
+std::mutex publishing;
+
+fs::path targetFolder(const Request& request)
+{
+    const fs::path output(request.output);
+    const auto folder = request.command == Request::Command::Thumbnail ? output.parent_path() : output;
+    return folder.empty() ? fs::path(".") : folder;
+}
+
 std::vector<std::string> outputNames(const Request& request, const std::string& map)
 {
     const auto fileName = fs::path(map).filename().string();
@@ -238,6 +247,18 @@ void runJob(const Request& request, const std::string& map)
     if (!platform.messages.empty())
         throw std::runtime_error(platform.messages.front());
     staging.publish(names);
+}
+
+void removeBegun(const Request& request, pid_t worker)
+{
+    std::error_code failure;
+    std::vector<fs::path> begun;
+    for (fs::directory_iterator entry(targetFolder(request), failure), end; !failure && entry != end;
+         entry.increment(failure))
+        if (entry->path().filename().string().starts_with(stagingPrefix(worker)))
+            begun.push_back(entry->path());
+    for (const auto& folder : begun)
+        fs::remove_all(folder, failure);
 }
 
 } // namespace quorrin

@@ -2,10 +2,17 @@
 
 #include "batch/CommandLine.h"
 
+#include <sys/types.h>
+
+#include <filesystem>
+#include <mutex>
 #include <string>
 #include <vector>
 
 namespace quorrin {
+
+/// Where the files of a request go.
+std::filesystem::path targetFolder(const Request& request);
 
 /// The names of the files that a request writes for one map.
 std::vector<std::string> outputNames(const Request& request, const std::string& map);
@@ -13,5 +20,11 @@ std::vector<std::string> outputNames(const Request& request, const std::string& 
 /// Works on one map as a freshly started program would that opens it, and puts the results in the request's folder,
 /// all of them or none. Raises std::exception with a sentence for the person.
 void runJob(const Request& request, const std::string& map);
+
+/// Held while the results of a map come into place, which takes a moment and must not be broken off.
+extern std::mutex publishing;
+
+/// Removes what that worker had begun when it was ended.
+void removeBegun(const Request& request, pid_t worker);
 
 } // namespace quorrin

@@ -10,15 +10,20 @@
 #include <cerrno>
 #include <csignal>
 #include <cstdio>
+#include <cstdlib>
 #include <cstring>
+#include <filesystem>
 #include <map>
 #include <system_error>
+#include <thread>
 
 // Maps are worked on in processes of their own, not in threads: the program's rules rest on one main thread and on
 // shared pictures. A worker takes the next map's number from one pipe and puts its outcome into another; a number is
 // taken by exactly one of them.
 
 namespace quorrin {
+
+namespace fs = std::filesystem;
 
 namespace {
 
@@ -66,6 +71,45 @@ private:
     int ends[2];
 };
 
+// By these signals others end a program. What their handler needs: the workers, and where to say that one came.
+constexpr int endingSignals[] = {SIGINT, SIGTERM, SIGHUP};
+std::vector<pid_t> workers;
+volatile std::sig_atomic_t endedBy = 0;
+
+sigset_t setOfEndingSignals()
+{
+    sigset_t signals;
+    sigemptyset(&signals);
+    for (const int number : endingSignals)
+        sigaddset(&signals, number);
+    return signals;
+}
+
+/// Has the function called at each of them that whoever started the program does not want ignored.
+void onEndingSignals(void (*handler)(int))
+{
+    for (const int number : endingSignals)
+        if (std::signal(number, handler) == SIG_IGN)
+            std::signal(number, SIG_IGN);
+}
+
+/// Nobody is left then who could bring an outcome, so the work below comes to its end.
+void endWorkers(int number)
+{
+    endedBy = number;
+    for (const pid_t worker : workers)
+        kill(worker, SIGTERM);
+}
+
+/// The folders that are to be made for the results, the innermost first.
+std::vector<fs::path> missingFolders(const Request& request)
+{
+    std::vector<fs::path> missing;
+    for (auto folder = fs::absolute(targetFolder(request)); !fs::exists(folder); folder = folder.parent_path())
+        missing.push_back(folder);
+    return missing;
+}
+
 void refuseSharedOutputs(const Request& request)
 {
     std::map<std::string, std::string> writers;
@@ -87,8 +131,25 @@ Outcome outcomeOf(const Request& request, int map)
     return outcome;
 }
 
+/// A worker, in which all of these signals are held back, ends when it is told to and never with half of its results in
+/// place.
+void endWhenTold()
+{
+    std::signal(SIGTERM, SIG_DFL);
+    std::thread([] {
+        sigset_t told;
+        sigemptyset(&told);
+        sigaddset(&told, SIGTERM);
+        int number = 0;
+        sigwait(&told, &number);
+        const std::lock_guard lock(publishing);
+        _exit(EXIT_FAILURE);
+    }).detach();
+}
+
 void work(const Request& request, const Pipe& numbers, const Pipe& outcomes)
 {
+    endWhenTold();
     int argc = 1;
     char name[] = "quorrin-map-batch";
     char* argv[] = {name, nullptr};
@@ -103,6 +164,11 @@ class Progress {
 public:
     explicit Progress(std::size_t maps) : maps_(maps), shown_(isatty(STDERR_FILENO) != 0) {}
     ~Progress() { clear(); }
+    void clear() const
+    {
+        if (shown_)
+            std::fputs("\r\033[K", stderr);
+    }
     void step() { ++done_, show(); }
     void tell(const std::string& map, const char* message)
     {
@@ -115,11 +181,6 @@ private:
     {
         if (shown_)
             std::fprintf(stderr, "\r%zu of %zu maps", done_, maps_), std::fflush(stderr);
-    }
-    void clear() const
-    {
-        if (shown_)
-            std::fputs("\r\033[K", stderr);
     }
     std::size_t maps_;
     std::size_t done_ = 0;
@@ -136,7 +197,11 @@ bool runAll(const Request& request)
     Pipe numbers;
     Pipe outcomes;
     const auto count = static_cast<int>(request.maps.size());
-    std::vector<pid_t> workers;
+    const auto newFolders = missingFolders(request);
+    // Held back until all workers are known.
+    const sigset_t signals = setOfEndingSignals();
+    sigset_t before;
+    sigprocmask(SIG_BLOCK, &signals, &before);
     for (int worker = 0; worker < std::min(request.jobs, count); ++worker) {
         const pid_t child = fork();
         if (child < 0)
@@ -149,6 +214,8 @@ bool runAll(const Request& request)
         }
         workers.push_back(child);
     }
+    onEndingSignals(endWorkers);
+    sigprocmask(SIG_SETMASK, &before, nullptr);
     numbers.closeReading();
     outcomes.closeWriting();
 
@@ -176,6 +243,16 @@ bool runAll(const Request& request)
     }
     for (const pid_t worker : workers)
         waitpid(worker, nullptr, 0);
+    if (endedBy != 0) {
+        for (const pid_t worker : workers)
+            removeBegun(request, worker);
+        std::error_code inUse;
+        for (const auto& folder : newFolders)
+            fs::remove(folder, inUse);
+        progress.clear();
+        onEndingSignals(SIG_DFL);
+        std::raise(endedBy);
+    }
     for (std::size_t map = 0; map < finished.size(); ++map) {
         if (!finished[map]) {
             allWell = false;

@@ -77,7 +77,7 @@ Ref<Picture> cCharacter::FlipIcon(const Ref<Picture>& src)
 
 void cCharacter::LoadIcon()
 {
-    const double number = Val(IconData);
+    const double number = Val(IconData.get());
     Icon = number < 0 ? Window1::Shared().DrawObject(Int(std::abs(number)), solidColor)
                       : Picture::FromData(IconData, mostIconPixels);
 }

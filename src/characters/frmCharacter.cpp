@@ -15,6 +15,8 @@ using Module1::useThisCharacter;
 
 namespace {
 
+const frmCharacter* theEditor = nullptr;
+
 constexpr std::int64_t highestNumber = 99;
 
 } // namespace
@@ -26,8 +28,26 @@ frmCharacter::frmCharacter() : Window(Kind::Modal, "Character", 267, 344)
     TextField1.AccessibleName = "Number";
 }
 
+frmCharacter::~frmCharacter()
+{
+    theEditor = nullptr;
+}
+
+const frmCharacter* frmCharacter::Current()
+{
+    return theEditor;
+}
+
+bool frmCharacter::HasChanged() const
+{
+    const auto& now = *useThisCharacter;
+    return now.Number != before_.Number || !(now.IconData == before_.IconData);
+}
+
 void frmCharacter::Event_Open()
 {
+    before_ = *useThisCharacter;
+    theEditor = this;
     if (useThisCharacter->Number >= 1)
         TextField1.Text = Str(useThisCharacter->Number);
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "document/cCharacter.h"
 #include "toolkit/Window.h"
 
 namespace quorrin {
@@ -9,6 +10,11 @@ namespace quorrin {
 class frmCharacter : public Window {
 public:
     frmCharacter();
+    ~frmCharacter() override;
+    /// The editor that is open, nil for none.
+    static const frmCharacter* Current();
+    /// Whether the token is another than when the editor opened.
+    bool HasChanged() const;
 
     void Event_Open() override;
     void Canvas1_Paint(Graphics& g);
@@ -29,6 +35,9 @@ public:
     Label Label1{surface(), {31, 234, 66, 20}, "Number:"};
     TextField TextField1{surface(), {97, 233, 43, 22}, &frmCharacter::TextField1_TextChange};
     PushButton PushButton3{surface(), {66, 302, 135, 22}, "Save && Close", &frmCharacter::PushButton3_Action};
+
+private:
+    cCharacter before_;
 };
 
 } // namespace quorrin

@@ -9,6 +9,7 @@
 #include <QGuiApplication>
 #include <QLabel>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QStyleOptionButton>
@@ -172,6 +173,22 @@ private:
     PopupMenu& popup_;
 };
 
+class ListBoxView : public WidgetView {
+public:
+    ListBoxView(ListBox& box, QWidget* parent) : WidgetView(box, new QListWidget(parent)), box_(box)
+    {
+        for (const auto& row : box.Rows)
+            list()->addItem(qtText(row));
+        connect(list(), &QListWidget::currentRowChanged, this,
+                [this](int row) { change([this, row] { box_.ListIndex = row; }); });
+    }
+
+private:
+    QListWidget* list() const { return static_cast<QListWidget*>(Widget()); }
+    void show() override { list()->setCurrentRow(static_cast<int>(box_.ListIndex)); }
+    ListBox& box_;
+};
+
 /// The text as it was typed: what QPlainTextEdit gives by itself has its no-break spaces replaced.
 QString typedText(const QPlainTextEdit& area)
 {
@@ -246,6 +263,8 @@ std::unique_ptr<WidgetView> makeView(Control& control, QWidget* parent)
         return std::make_unique<CheckBoxView>(static_cast<CheckBox&>(control), parent);
     case ControlKind::PopupMenu:
         return std::make_unique<PopupMenuView>(static_cast<PopupMenu&>(control), parent);
+    case ControlKind::ListBox:
+        return std::make_unique<ListBoxView>(static_cast<ListBox&>(control), parent);
     case ControlKind::TextField:
         return std::make_unique<TextView<QLineEdit>>(static_cast<TextField&>(control), parent);
     case ControlKind::TextArea:

@@ -1,13 +1,18 @@
 #include "app/App.h"
+#include "app/Recovery.h"
 #include "desktop/DesktopPlatform.h"
 #include "desktop/DesktopWindow.h"
 #include "desktop/Dialogs.h"
+#include "desktop/ForcedEnd.h"
 #include "desktop/LastResort.h"
+#include "desktop/RecoveryClock.h"
 #include "document/Window1.h"
 #include "toolkit/QtBridge.h"
 
 #include <QApplication>
 #include <QFileOpenEvent>
+#include <QTimer>
+#include <QWindow>
 
 namespace {
 
@@ -39,6 +44,25 @@ private:
     App& app_;
 };
 
+/// Asks about what crashes have left, once the window stands and nothing else is being asked or told.
+class RecoveryOffer : public QTimer {
+public:
+    RecoveryOffer(const DesktopWindow& view, const Window1& window, Recovery& recovery)
+    {
+        constexpr std::chrono::milliseconds period(20); // after the timer that opens what was handed over
+        callOnTimeout(this, [this, &view, &window, &recovery] {
+            if (!view.windowHandle()->isExposed() || QApplication::activeModalWidget()
+                || QApplication::activePopupWidget())
+                return;
+            stop();
+            guarded([&] { recovery.OfferAbandoned(); });
+            if (window.mySavedFile)
+                rememberFolderOf(*window.mySavedFile);
+        });
+        start(period);
+    }
+};
+
 } // namespace
 
 int main(int argc, char** argv)
@@ -58,7 +82,14 @@ int main(int argc, char** argv)
 
     Window1 window;
     guarded([&] { window.Event_Open(); });
+    Recovery recovery(window);
+    const RecoveryClock clock(recovery);
     DesktopWindow view(window);
+    const ForcedEnd forcedEnd(window, view, recovery);
     view.Open();
-    return QApplication::exec();
+    const RecoveryOffer offer(view, window, recovery);
+    const int status = QApplication::exec();
+    // The window has closed, and with that the person has said what becomes of the changes.
+    recovery.Release();
+    return status;
 }

@@ -10,11 +10,11 @@ namespace {
 
 constexpr auto applicationTitle = "Quorrin Map Maker";
 
-/// Asks what to do about unsaved changes and does it; false when the person wants to stop or the map could not be
-/// saved.
-bool mayGoOn(Window1& window, const std::string& message)
+} // namespace
+
+bool Window1::mayGoOn(const std::string& message)
 {
-    if (!window.isDirty)
+    if (!isDirty)
         return true;
     MessageDialog question;
     question.Icon = MessageDialog::QuestionIcon;
@@ -24,7 +24,7 @@ bool mayGoOn(Window1& window, const std::string& message)
     question.CancelButton = {"Cancel", true};
     switch (question.ShowModal()) {
     case MessageDialog::Answer::Action:
-        return window.mSave();
+        return mSave();
     case MessageDialog::Answer::Alternate:
         return true;
     case MessageDialog::Answer::Cancel:
@@ -32,8 +32,6 @@ bool mayGoOn(Window1& window, const std::string& message)
     }
     return false;
 }
-
-} // namespace
 
 void Window1::Event_Open()
 {
@@ -43,12 +41,12 @@ void Window1::Event_Open()
 
 bool Window1::Event_CancelClose(bool)
 {
-    return !mayGoOn(*this, "Save Changes?");
+    return !mayGoOn("Save Changes?");
 }
 
 bool Window1::_mnuNew_Action()
 {
-    if (!mayGoOn(*this, "Save current changes?"))
+    if (!mayGoOn("Save current changes?"))
         return false;
     Initialize();
     pmLandscape.ListIndex = 0;
@@ -69,7 +67,7 @@ bool Window1::_mnuNew_Action()
 
 bool Window1::_mnuOpen_Action()
 {
-    if (!mayGoOn(*this, "Save current changes?"))
+    if (!mayGoOn("Save current changes?"))
         return false;
     if (const auto file = GetOpenFolderItem({FileTypes1::QuorrinMap}))
         mOpen(file);
@@ -93,6 +91,7 @@ void Window1::Timer1_Action()
 
 void Window1::SetSavedFileName(const Ref<FolderItem>& file)
 {
+    mySavedFile = file;
     mySavedFileName = file ? documentName(file->Name()) : "";
     Title = mySavedFileName.empty() ? applicationTitle : std::string(applicationTitle) + " - " + mySavedFileName;
 }

@@ -123,7 +123,7 @@ void readIcons(Window1& window, const std::string& section)
     for (int n = 1; n <= Window1::characters; ++n) {
         cCharacter& character = *window.myCharacters(n);
         character.IconData = DecodeBase64(fields(n - 1));
-        const auto [icon, isNew] = loaded.try_emplace(character.IconData);
+        const auto [icon, isNew] = loaded.try_emplace(character.IconData.get());
         if (isNew) {
             excess += Picture::ExcessOf(character.IconData);
             if (excess <= mostIconExcess)
@@ -151,37 +151,36 @@ void readBorders(Window1& window, const std::string& section)
         popup->ListIndex = integer(parts(groups(n++), Module1::sep)(0));
 }
 
-/// False when the text is none of a map; an exception when it breaks off.
-bool readMap(Window1& window, const std::string& text)
+} // namespace
+
+bool Window1::ReadMapText(const std::string& text)
 {
     const auto sections = parts(withSingleByteMarks(text), SectionMark);
-    if (!readPage(window, sections(0)))
+    if (!readPage(*this, sections(0)))
         return false;
-    readGrid(window, sections(1));
-    readWalls(sections(2), window.mySquares);
-    readBottomSquares(window, sections(3));
+    readGrid(*this, sections(1));
+    readWalls(sections(2), mySquares);
+    readBottomSquares(*this, sections(3));
     if (!Trim(sections(4)).empty())
-        readScript(window, sections(4));
+        readScript(*this, sections(4));
 
     constexpr void (*laterSections[])(Window1&, const std::string&) = {readIcons, readNumbers, readTopSquares,
                                                                        readBorders};
     std::int64_t n = 5;
     for (const auto read : laterSections) {
         if (sections.UBound() >= n && !Trim(sections(n)).empty())
-            read(window, sections(n));
+            read(*this, sections(n));
         ++n;
     }
     return true;
 }
-
-} // namespace
 
 void Window1::mOpen(const Ref<FolderItem>& file)
 {
     try {
         if (const auto stream = TextInputStream::Open(file)) {
             Initialize();
-            if (readMap(*this, stream->ReadAll())) {
+            if (ReadMapText(stream->ReadAll())) {
                 SetSavedFileName(file);
                 bbScriptTool.Value = false;
                 PagePanel1.Value = 0;

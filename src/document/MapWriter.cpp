@@ -24,11 +24,6 @@ std::string field(const CheckBox& box)
     return field(box.Value ? "1" : "0");
 }
 
-std::string base64Field(const std::string& bytes)
-{
-    return field(EncodeBase64(bytes, base64Line));
-}
-
 /// Visits the squares in the order of the file: down the columns, from the left.
 template <typename Text>
 std::string items(const Window1::Layer& squares, Text text)
@@ -47,31 +42,36 @@ std::string squareItems(const PopupMenu& colorMode, const Window1::Layer& square
 
 } // namespace
 
-std::string Window1::MapText()
+MapSnapshot Window1::Snapshot(const Ref<Picture>& drawing) const
 {
-    std::string icons;
+    MapSnapshot map;
+    map.Add(field(pmLandscape) + field(pmBackground) + field(cbOverlayUserPict));
+    if (drawing)
+        map.AddPicture(*drawing);
+    map.Add(field("") + SectionMark + field(pmGrid) + field(cbShowClickable) + SectionMark
+            + items(mySquares, [](const cSquare& square) { return square.Wall->toSave(); }) + SectionMark
+            + squareItems(pmColorBW, mySquares) + SectionMark + field(cbShowDMObjects));
+    const auto addBase64Field = [&map](const SharedText& bytes) {
+        map.AddBase64(bytes);
+        map.Add(field(""));
+    };
+    addBase64Field(myScript->Monsters);
+    addBase64Field(myScript->GamtText);
+    map.Add(SectionMark);
     std::string numbers;
     for (int n = 1; n <= characters; ++n) {
-        icons += base64Field(myCharacters(n)->IconData);
+        addBase64Field(myCharacters(n)->IconData);
         numbers += field(Str(myCharacters(n)->Number)) + ItemMark;
     }
-    const std::string sections[] = {
-        field(pmLandscape) + field(pmBackground) + field(cbOverlayUserPict)
-            + field(UserPicture ? ConvertPictureToData(UserPicture) : ""),
-        field(pmGrid) + field(cbShowClickable),
-        items(mySquares, [](const cSquare& square) { return square.Wall->toSave(); }),
-        squareItems(pmColorBW, mySquares),
-        field(cbShowDMObjects) + base64Field(myScript->Monsters) + base64Field(myScript->GamtText),
-        icons,
-        numbers,
-        squareItems(pmColorBW, mySquaresTop),
-        field(pmBorderTop) + GroupMark + field(pmBorderBottom) + GroupMark + field(pmBorderLeft) + GroupMark
-            + field(pmBorderRight) + GroupMark,
-    };
-    std::string text;
-    for (const auto& section : sections)
-        text += section + SectionMark;
-    return text;
+    map.Add(SectionMark + numbers + SectionMark + squareItems(pmColorBW, mySquaresTop) + SectionMark
+            + field(pmBorderTop) + GroupMark + field(pmBorderBottom) + GroupMark + field(pmBorderLeft) + GroupMark
+            + field(pmBorderRight) + GroupMark + SectionMark);
+    return map;
+}
+
+std::string Window1::MapText() const
+{
+    return Snapshot(UserPicture).Text();
 }
 
 bool Window1::mSave()

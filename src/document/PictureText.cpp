@@ -6,7 +6,7 @@ namespace quorrin {
 
 std::string Window1::ConvertPictureToData(const Ref<Picture>& picture)
 {
-    return EncodeBase64(picture->Flattened()->ToData(PictureFormat::Default, 100), base64Line);
+    return EncodeBase64(FrozenPicture(*picture).FlattenedPng(), base64Line);
 }
 
 Ref<Picture> Window1::ConvertDataToPicture(const std::string& text)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "document/MapSnapshot.h"
 #include "document/Rows.h"
 #include "document/cCharacter.h"
 #include "document/cScript.h"
@@ -9,6 +10,7 @@
 #include "toolkit/Window.h"
 
 #include <cstdint>
+#include <optional>
 #include <string>
 
 namespace quorrin {
@@ -51,6 +53,8 @@ public:
     Property<bool>& isDirty = ContentsChanged;
     /// The name of the document without extension; empty before it was saved or opened.
     std::string mySavedFileName;
+    /// The file that it was opened from or saved to, nil before that.
+    Ref<FolderItem> mySavedFile;
     /// A maze was confirmed since the document was made.
     bool didMazePrompt = false;
 
@@ -66,6 +70,9 @@ public:
     bool _mnuOpen_Action();
     bool _mnuSave_Action();
     void Timer1_Action();
+    /// Asks what to do about unsaved changes, if there are any, and does it; false when the person wants to stop or the
+    /// map could not be saved.
+    bool mayGoOn(const std::string& message);
     /// The document's name and the title follow the file's name up to its first dot.
     void SetSavedFileName(const Ref<FolderItem>& file);
 
@@ -75,10 +82,21 @@ public:
     /// Replaces the map by that of the file, of the newest form or any older one; nil re-renders the map. What
     /// cannot be read as a map is told in a message, never raised.
     void mOpen(const Ref<FolderItem>& file);
+    /// Takes the map from the whole text of a file; false when it is none of a map. Raises an exception when the text
+    /// breaks off.
+    bool ReadMapText(const std::string& text);
     /// The whole text of the map file.
-    std::string MapText();
+    std::string MapText() const;
+    /// The map as it is now, but for its drawing, which is this one; nil for none.
+    MapSnapshot Snapshot(const Ref<Picture>& drawing) const;
+    /// The map, and whether it has unsaved changes, while an export has the controls show something else.
+    struct PutAside {
+        MapSnapshot map;
+        bool isDirty;
+    };
+    std::optional<PutAside> putAside;
     /// A picture as text of the map file, flattened on white.
-    std::string ConvertPictureToData(const Ref<Picture>& picture);
+    static std::string ConvertPictureToData(const Ref<Picture>& picture);
     /// The picture of such a text, its white clear; nil when the text holds none.
     Ref<Picture> ConvertDataToPicture(const std::string& text);
 

@@ -3,9 +3,9 @@
 #include "toolkit/Graphics.h"
 #include "toolkit/Picture.h"
 #include "toolkit/Ref.h"
+#include "toolkit/SharedText.h"
 
 #include <cstdint>
-#include <string>
 
 namespace quorrin {
 
@@ -25,7 +25,7 @@ public:
     Ref<Picture> Icon;
     /// What the file keeps of the picture: empty for none, a negative object number for one of the catalogue, else the
     /// bytes of an image file.
-    std::string IconData;
+    SharedText IconData;
     /// The number on the foot; drawn when greater than 0.
     std::int64_t Number = 0;
 

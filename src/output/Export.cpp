@@ -149,6 +149,8 @@ void inVersions(Window1& window, const std::function<void(const ComposeVersion& 
         window.pmColorBW.ListIndex = version.blackAndWhite ? blackAndWhite : colorMode;
         window.RenderMap(true);
     };
+    // What the person had comes back even when a picture cannot be written.
+    window.putAside = {window.Snapshot(window.UserPicture), dirty};
     const auto restore = [&] {
         Module1::gSkipWallColor = false;
         window.cbShowDMObjects.Value = showMarkers;
@@ -157,6 +159,7 @@ void inVersions(Window1& window, const std::function<void(const ComposeVersion& 
         window.cbShowClickable.Value = showClickable;
         window.isDirty = dirty;
         window.pmVisibleLayers.ListIndex = visibleLayers;
+        window.putAside.reset();
         window.RenderMap(true);
     };
 

@@ -58,9 +58,9 @@ void drawStrip(Graphics& g, const StripSheet& sheet, const cCharacter& character
     const double fold = top + sheet.stripHeight / 2;
     const double foot = cCharacter::footHeight * unit;
     const double panel = sheet.stripHeight / 2 - foot;
-    if (character.Icon) {
-        drawFigure(g, cCharacter::FlipIcon(character.Icon), middle, fold - panel / 2, unit);
-        drawFigure(g, character.Icon, middle, fold + panel / 2, unit);
+    if (const auto figure = character.Icon) {
+        drawFigure(g, cCharacter::FlipIcon(figure), middle, fold - panel / 2, unit);
+        drawFigure(g, figure, middle, fold + panel / 2, unit);
     }
     g.ForeColor = black;
     if (character.Number > 0) {

@@ -95,6 +95,11 @@ const std::string& PopupMenu::List(std::int64_t row) const
     return rows_[static_cast<std::size_t>(row)];
 }
 
+std::function<void(const std::int64_t&)> ListBox::changed()
+{
+    return [this](const auto&) { sync()(); };
+}
+
 TextControl::TextControl(ControlKind kind, const Place& place, const Frame& frame, std::function<void()> textChange)
     : Control(kind, place, frame, {}), Text({}, [this, textChange = std::move(textChange)](const std::string& before) {
           sync()();

@@ -53,6 +53,7 @@ enum class ControlKind {
     BevelButton,
     CheckBox,
     PopupMenu,
+    ListBox,
     TextField,
     TextArea,
     Rectangle,
@@ -191,6 +192,20 @@ public:
 private:
     PopupMenu(const Place& place, const Frame& frame, std::vector<std::string> rows, std::function<void()> change);
     std::vector<std::string> rows_;
+};
+
+/// Rows that are all in sight, or as many as there is room for, of which one is chosen.
+class ListBox : public Control {
+public:
+    ListBox(const Place& place, const Frame& frame, std::vector<std::string> rows)
+        : Control(ControlKind::ListBox, place, frame, {}), Rows(std::move(rows)), ListIndex(0, changed())
+    {}
+    const std::vector<std::string> Rows;
+    /// The chosen row from 0.
+    Property<std::int64_t> ListIndex;
+
+private:
+    std::function<void(const std::int64_t&)> changed();
 };
 
 /// One line (TextField) or many (TextArea, with a vertical scroll bar). Fires `textChange` when the text changes.

@@ -73,23 +73,11 @@ void carryOut(const StampedStep& step, const Surface& surface)
     }
 }
 
-/// How many pixels a unit make up the resolution that paper wants.
-double paperPixelsPerUnit(const QPainter& painter)
-{
-    const QTransform toDevice = painter.combinedTransform();
-    const double columnsPerUnit = std::hypot(toDevice.m11(), toDevice.m12());
-    const double rowsPerUnit = std::hypot(toDevice.m21(), toDevice.m22());
-    return std::max(columnsPerUnit / painter.device()->logicalDpiX(), rowsPerUnit / painter.device()->logicalDpiY())
-           * paperPixelsPerInch;
-}
-
 void carryOut(const TextStep& step, const Surface& surface)
 {
     const LaidOutText text(step.text, QtBridge::font(step.size), step.wrapWidth);
-    surface.painter.setPen(step.color);
-    if (surface.kind == Surface::Kind::Paper)
-        return text.drawOnPaper(surface.painter, step.baseline, paperPixelsPerUnit(surface.painter));
     inUnits(surface, [&] {
+        surface.painter.setPen(step.color);
         surface.painter.setRenderHint(QPainter::TextAntialiasing);
         text.draw(surface.painter, step.baseline);
     });
@@ -172,6 +160,16 @@ bool isPhotographic(const QImage& image)
             if (colors.insert(image.pixel(x, y)); colors.size() > manyColors)
                 return true;
     return false;
+}
+
+/// How many pixels a unit make up the resolution that paper wants.
+double paperPixelsPerUnit(const QPainter& painter)
+{
+    const QTransform toDevice = painter.combinedTransform();
+    const double columnsPerUnit = std::hypot(toDevice.m11(), toDevice.m12());
+    const double rowsPerUnit = std::hypot(toDevice.m21(), toDevice.m22());
+    return std::max(columnsPerUnit / painter.device()->logicalDpiX(), rowsPerUnit / painter.device()->logicalDpiY())
+           * paperPixelsPerInch;
 }
 
 /// Lays the units of the picture on the target.

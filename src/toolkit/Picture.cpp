@@ -158,11 +158,7 @@ Ref<Picture> Picture::Flattened()
         return QtBridge::picture(flat);
     }
     // Drawing would reduce a photograph to a pixel a unit.
-    const QImage seen = source->at(1);
-    QImage flat(seen.size(), QImage::Format_RGB32);
-    flat.fill(Qt::white);
-    QPainter(&flat).drawImage(0, 0, seen);
-    return QtBridge::picture(std::make_shared<Drawing>(content_->drawing->size(), flat));
+    return QtBridge::picture(std::make_shared<Drawing>(content_->drawing->size(), QtBridge::onWhite(source->at(1))));
 }
 
 Ref<Picture> Picture::Enlarged(int scale) const
@@ -191,6 +187,14 @@ void Picture::Save(const Ref<FolderItem>& file, PictureFormat format, int qualit
         throw IOException("The file \"" + file->Name() + "\" cannot be created.");
     stream->Write(data);
     stream->Close();
+}
+
+QImage QtBridge::onWhite(const QImage& image)
+{
+    QImage flat(image.size(), QImage::Format_RGB32);
+    flat.fill(Qt::white);
+    QPainter(&flat).drawImage(0, 0, image);
+    return flat;
 }
 
 QImage QtBridge::image(const Picture& picture)

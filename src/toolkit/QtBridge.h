@@ -43,6 +43,8 @@ struct QtBridge {
     static std::shared_ptr<const PictureSource> seen(Picture& picture);
     /// The same as an image of so many pixels a unit, which is its device pixel ratio, too.
     static QImage drawnImage(Picture& picture, double pixelsPerUnit = 1);
+    /// A copy that is opaque.
+    static QImage onWhite(const QImage& image);
     /// Nil for nil.
     static Ref<Picture> picture(std::shared_ptr<Drawing> drawing);
     /// The bytes of a PNG file of the image. Raises IOException for an image without pixels.

@@ -3,6 +3,8 @@
 #include "toolkit/Errors.h"
 
 #include <QByteArray>
+#include <QDateTime>
+#include <QLocale>
 
 #include <algorithm>
 #include <charconv>
@@ -151,6 +153,11 @@ std::string ReplaceAll(std::string_view text, std::string_view wanted, std::stri
         result += replacement;
         text.remove_prefix(found + wanted.size());
     }
+}
+
+std::string DateAndTime(std::int64_t seconds)
+{
+    return QLocale::c().toString(QDateTime::fromSecsSinceEpoch(seconds), "d MMMM yyyy, HH:mm").toStdString();
 }
 
 std::string EncodeBase64(std::string_view bytes, std::size_t lineLength)

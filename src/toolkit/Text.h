@@ -63,6 +63,9 @@ std::string Lowercase(std::string_view text);
 /// The text with every occurrence replaced.
 std::string ReplaceAll(std::string_view text, std::string_view wanted, std::string_view replacement);
 
+/// Day and time of day where the person is, as in "1 May 2026, 09:05"; of seconds since 1970.
+std::string DateAndTime(std::int64_t seconds);
+
 /// Standard base-64, broken into lines of `lineLength` characters with CR LF between them, none at the end;
 /// npos leaves it whole.
 std::string EncodeBase64(std::string_view bytes, std::size_t lineLength);

@@ -13,6 +13,8 @@ Window::Window(Kind kind, std::string title, int width, int height)
       ContentsChanged(false, [this](const bool& before) {
           if (View && ContentsChanged != before)
               View->Sync();
+          if (AfterContentsChanged)
+              AfterContentsChanged();
       })
 {}
 

@@ -45,6 +45,8 @@ public:
     Property<std::string> Title;
     /// Whether the title carries the platform's mark of unsaved changes.
     Property<bool> ContentsChanged;
+    /// Runs whenever that is set, to whatever value; may be empty.
+    std::function<void()> AfterContentsChanged;
     std::vector<Control*> Controls;
     std::vector<Timer*> Timers;
     /// Nil for a window without one.

@@ -9,6 +9,8 @@ namespace quorrin {
 
 namespace {
 
+const frmEditUserPicture* theEditor = nullptr;
+
 Ref<MenuBar> mbUserPict()
 {
     return menuBarOf({
@@ -48,9 +50,26 @@ frmEditUserPicture::frmEditUserPicture() : Window(Kind::Modal, "Edit User Pictur
     AddMenuHandler("mnuSavePicture", &frmEditUserPicture::_mnuSavePicture_Action);
 }
 
+frmEditUserPicture::~frmEditUserPicture()
+{
+    theEditor = nullptr;
+}
+
+const frmEditUserPicture* frmEditUserPicture::Current()
+{
+    return theEditor;
+}
+
+Ref<Picture> frmEditUserPicture::Drawn() const
+{
+    return myImage && !(FrozenPicture(*myImage) == *before_) ? myImage : nullptr;
+}
+
 void frmEditUserPicture::Event_Open()
 {
     myImage = copyOf(Module1::gPicture);
+    before_.emplace(*myImage);
+    theEditor = this;
     Canvas1.Width = static_cast<int>(myImage->Width());
     Canvas1.Height = static_cast<int>(myImage->Height());
     ox = -1;

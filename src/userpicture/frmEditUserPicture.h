@@ -1,8 +1,10 @@
 #pragma once
 
+#include "toolkit/FrozenPicture.h"
 #include "toolkit/Window.h"
 
 #include <cstdint>
+#include <optional>
 
 namespace quorrin {
 
@@ -11,6 +13,11 @@ namespace quorrin {
 class frmEditUserPicture : public Window {
 public:
     frmEditUserPicture();
+    ~frmEditUserPicture() override;
+    /// The editor that is open, nil for none.
+    static const frmEditUserPicture* Current();
+    /// The drawing as it is now; nil while nobody has drawn.
+    Ref<Picture> Drawn() const;
 
     /// The drawing; what is clear lets the map show through.
     Ref<Picture> myImage;
@@ -59,6 +66,9 @@ public:
         penTab, {212, 734, 80, 22}, "Apply", &frmEditUserPicture::PushButton1_Action, PushButton::Role::Default};
 
     Timer Timer1{this, 10, &frmEditUserPicture::Timer1_Action};
+
+private:
+    std::optional<FrozenPicture> before_;
 };
 
 /// A new picture with an alpha channel, the source drawn on it.
