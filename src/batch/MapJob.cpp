@@ -11,7 +11,6 @@
 #include "output/UniversalVtt.h"
 #include "toolkit/Printing.h"
 #include "toolkit/ScriptedPlatform.h"
-#include "toolkit/Text.h"
 
 #include <unistd.h>
 

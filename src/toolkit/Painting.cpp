@@ -195,9 +195,10 @@ void useUnitsOf(const PictureStep& step, QPainter& painter)
 void paintPixelsOnPaper(const PictureSource& source, QPainter& painter)
 {
     const double density = paperPixelsPerUnit(painter);
-    const QImage all = source.allPixels(static_cast<int>(std::clamp(std::ceil(density), 1.0, double(largestPictureScale))));
-    const QTransform toPixels =
-        QTransform::fromScale(double(all.width()) / source.size().width(), double(all.height()) / source.size().height());
+    const auto scale = static_cast<int>(std::clamp(std::ceil(density), 1.0, double(largestPictureScale)));
+    const QImage all = source.allPixels(scale);
+    const QSizeF size = source.size();
+    const auto toPixels = QTransform::fromScale(all.width() / size.width(), all.height() / size.height());
     const QRect pixels = toPixels.mapRect(painter.clipBoundingRect()).toAlignedRect() & all.rect();
     if (pixels.isEmpty())
         return;

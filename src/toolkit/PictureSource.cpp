@@ -25,11 +25,12 @@ constexpr int mostDepth = 12;
 
 using LargerKey = std::pair<std::uint64_t, int>;
 
-/// Pictures at larger scales; those that were not asked for longest go first.
+/// Pictures at larger scales; those that were not asked for longest go first. They outlive all static pictures, which
+/// take themselves out when the program ends.
 QCache<LargerKey, QImage>& largerPictures()
 {
     constexpr int budgetKilobytes = 160 << 10;
-    static QCache<LargerKey, QImage> pictures(budgetKilobytes);
+    static auto& pictures = *new QCache<LargerKey, QImage>(budgetKilobytes);
     return pictures;
 }
 
