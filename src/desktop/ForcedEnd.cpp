@@ -76,6 +76,11 @@ ForcedEnd::ForcedEnd(Window1& window, const QWidget& view, Recovery& recovery)
     std::atexit(keepAtOnce);
     handlerBefore = qInstallMessageHandler(keepWhenWaylandGoes);
     connect(qApp, &QGuiApplication::commitDataRequest, this, &ForcedEnd::answer, Qt::DirectConnection);
+    // Without the options that Qt adds, which the program does not know.
+    connect(
+        qApp, &QGuiApplication::saveStateRequest, this,
+        [](QSessionManager& manager) { manager.setRestartCommand({QCoreApplication::applicationFilePath()}); },
+        Qt::DirectConnection);
     qApp->installEventFilter(this);
 }
 
