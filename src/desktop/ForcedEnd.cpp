@@ -97,8 +97,8 @@ void ForcedEnd::watchSignals()
     signals_.emplace(signalPipe[0], QSocketNotifier::Read);
     connect(&*signals_, &QSocketNotifier::activated, this, &ForcedEnd::endBySignal);
     for (const int number : {SIGTERM, SIGHUP, SIGINT}) {
-        struct sigaction before{};
-        struct sigaction ours{};
+        struct sigaction before {};
+        struct sigaction ours {};
         ours.sa_handler = tellSignal;
         ours.sa_flags = SA_RESETHAND | SA_RESTART;
         // Whoever started the program may have had it ignore some.
