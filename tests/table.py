@@ -29,7 +29,7 @@ def check(truth, what):
 
 
 def run(*arguments, status=0):
-    done = subprocess.run([companion, *map(str, arguments)], capture_output=True, text=True, check=False, timeout=60)
+    done = subprocess.run([companion, *map(str, arguments)], capture_output=True, text=True, check=False, timeout=300)
     check(done.returncode == status, f"status {done.returncode} of {arguments}: {done.stderr}")
     return done.stderr
 
@@ -224,11 +224,13 @@ def characters_fit_their_squares(folder):
 def thumbnails_are_small_or_none(folder):
     run("thumbnail", "--size", 100, "-o", folder / "one.png", maps[1])
     check(max(Image.open(folder / "one.png").size) == 100, "the thumbnail is not of its size")
+    # The sanitizers claim more addresses than any limit allows.
+    limit = "" if b"__asan_init" in companion.read_bytes() else "ulimit -v 2000000 -t 5; "
     whole = maps[1].read_bytes()
     for damage in (b"", b"a letter", whole[:len(whole) // 3], b"\xfe" * 1000000, whole[:50] + bytes(range(256)) * 40000):
         (folder / "damaged.qrnm").write_bytes(damage)
-        done = subprocess.run(["bash", "-c", 'ulimit -v 2000000 -t 5; exec "$@"', "bash", companion, "thumbnail", "-o",
-                               folder / "two.png", folder / "damaged.qrnm"], capture_output=True, check=False, timeout=20)
+        done = subprocess.run(["bash", "-c", limit + 'exec "$@"', "bash", companion, "thumbnail", "-o",
+                               folder / "two.png", folder / "damaged.qrnm"], capture_output=True, check=False, timeout=60)
         check(done.returncode == 1 and not (folder / "two.png").exists(), f"status {done.returncode} of a damaged map")
 
 
