@@ -35,7 +35,7 @@ qint64 pixelsOf(QSize size)
     return qint64(size.width()) * size.height();
 }
 
-qint64 honestBytes(qint64 fileBytes)
+qint64 plausibleBytes(qint64 fileBytes)
 {
     return std::min(alwaysAllowedBytes + fileBytes * pixelBytesPerFileByte, mostBytes);
 }
@@ -43,7 +43,7 @@ qint64 honestBytes(qint64 fileBytes)
 bool isHonest(QSize size, qint64 fileBytes, qint64 bytesPerPixel)
 {
     return size.width() <= largestSide && size.height() <= largestSide
-           && pixelsOf(size) * bytesPerPixel <= honestBytes(fileBytes);
+           && pixelsOf(size) * bytesPerPixel <= plausibleBytes(fileBytes);
 }
 
 /// A PNG without its texts, which may unpack to a thousand times their size and which nobody reads.
@@ -236,7 +236,7 @@ DecodedPicture decodedPicture(const std::string& bytes, std::int64_t mostPixels)
         return {};
     // Holds for the image that is really made, which need not have the size that the reader tells before: that of a
     // bitmap from top to bottom is none, that of a GIF is its first frame's and not its screen's.
-    QImageReader::setAllocationLimit(static_cast<int>(honestBytes(fileBytes) >> 20) * (isDeep ? 2 : 1));
+    QImageReader::setAllocationLimit(static_cast<int>(plausibleBytes(fileBytes) >> 20) * (isDeep ? 2 : 1));
     const bool samplesWhileDecoding = source.format == "jpeg" || (isPng && !isDeep && !png.interlaced);
     if (isLarge && samplesWhileDecoding) {
         const bool turned = reader.transformation() & QImageIOHandler::TransformationRotate90;

@@ -389,7 +389,7 @@ TEST_F(MainWindow, EachKindOfFileHasItsFolderInTheNextRunToo)
 TEST_F(MainWindow, OnASmallScreenTheContentScrolls)
 {
     const QSize screen = view.screen()->availableSize();
-    ASSERT_LT(screen.width(), window.Width) << "the screen of these tests is meant to be small";
+    ASSERT_LT(screen.width(), window.Width) << "these tests want a small screen";
     EXPECT_TRUE(view.width() <= screen.width() && view.height() <= screen.height());
     auto* scroll = qobject_cast<QScrollArea*>(view.centralWidget());
     EXPECT_EQ(scroll->horizontalScrollBar()->maximum(), 1104 - scroll->viewport()->width());
