@@ -7,7 +7,6 @@
 
 #include <QAccessibleWidget>
 
-
 #include <QCheckBox>
 #include <QComboBox>
 #include <QFrame>
@@ -48,7 +47,8 @@ private:
 QAccessibleInterface* accessToLine(const QString&, QObject* object)
 {
     auto* frame = qobject_cast<QFrame*>(object);
-    return frame && frame->frameShape() == QFrame::HLine ? new QAccessibleWidget(frame, QAccessible::Separator) : nullptr;
+    return frame && frame->frameShape() == QFrame::HLine ? new QAccessibleWidget(frame, QAccessible::Separator)
+                                                         : nullptr;
 }
 
 class SeparatorView : public WidgetView {

@@ -209,7 +209,8 @@ public:
     void mSavePicture();
     bool _mnuSavePicture_Action();
     bool _mnuExportPictureSeries_Action();
-    /// The least pixels a unit that exported pictures have, 1 to 8. The person's choice of a file type may ask for more.
+    /// The least pixels a unit that exported pictures have, 1 to 8. The person's choice of a file type may ask for
+    /// more.
     int exportScale = 1;
     /// The pixels a square of exported pictures that are cut to the squares; 0 for the whole page.
     int exportCell = 0;

@@ -105,10 +105,10 @@ QRect pixelsOfPart(const PictureStep& step, const QImage& image)
 QImage turned(const QImage& image, const PictureStep& step)
 {
     const bool quarters = std::fmod(step.degrees, 90) == 0;
-    const QImage result = step.degrees == 0 ? image
-                                            : image.transformed(QTransform().rotate(step.degrees),
-                                                                quarters ? Qt::FastTransformation
-                                                                         : Qt::SmoothTransformation);
+    const QImage result = step.degrees == 0
+                              ? image
+                              : image.transformed(QTransform().rotate(step.degrees),
+                                                  quarters ? Qt::FastTransformation : Qt::SmoothTransformation);
     return step.upsideDown ? result.mirrored(false, true) : result;
 }
 
@@ -245,9 +245,8 @@ void carryOut(const Step& step, const Surface& surface)
 
 QImage withSize(const QImage& image, QSize size)
 {
-    return image.isNull() || image.size() == size
-               ? image
-               : image.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    return image.isNull() || image.size() == size ? image
+                                                  : image.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
 }
 
 } // namespace quorrin

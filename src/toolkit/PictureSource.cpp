@@ -111,7 +111,8 @@ Drawing::Drawing(QSize size, QImage pixels, std::shared_ptr<const std::string> f
 
 Drawing::Drawing(const Drawing& other)
     : PictureSource(other), origin_(other.origin_), opaque_(other.opaque_), artName_(other.artName_),
-      file_(other.file_), steps_(other.steps_), depth_(other.depth_), plain_(other.plain_), painted_(other.painted_), id_(newId())
+      file_(other.file_), steps_(other.steps_), depth_(other.depth_), plain_(other.plain_), painted_(other.painted_),
+      id_(newId())
 {}
 
 Drawing::~Drawing()

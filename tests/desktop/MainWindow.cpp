@@ -16,7 +16,6 @@
 #include <QScrollArea>
 #include <QScrollBar>
 
-
 using namespace quorrin;
 
 using MainWindow = DesktopProgram;
@@ -381,7 +380,8 @@ TEST_F(MainWindow, EachKindOfFileHasItsFolderInTheNextRunToo)
     std::string path;
     EXPECT_GT(kept.GetPreference("Folders", "Maps", path), 0);
     EXPECT_EQ(path, folder / "maps");
-    EXPECT_FALSE(folder.file("ZVKQuorrinMapMaker/QuorrinMapMaker.ini")->Exists()) << "the preferences hold the page setup";
+    EXPECT_FALSE(folder.file("ZVKQuorrinMapMaker/QuorrinMapMaker.ini")->Exists())
+        << "the preferences hold the page setup";
     std::filesystem::remove_all(folder / "maps");
     EXPECT_EQ(saved("mnuSave", {}), folder / "pictures");
 }
