@@ -23,6 +23,11 @@ TEST_F(Help, OpensItsFirstPageBesideTheProgram)
     Module1::OpenThisHelpFile("no such page.html");
     EXPECT_EQ(launched.size(), 1U);
     EXPECT_EQ(person.messages, std::vector<std::string>{"Unable to find help files."});
+
+    person.launch = [](const FolderItem&) { return false; };
+    window.Event_Help();
+    ASSERT_EQ(person.messages.size(), 2U);
+    EXPECT_NE(person.messages.at(1).find("help/background.html"), std::string::npos) << "where to find it oneself";
 }
 
 TEST_F(Help, LeadsToNothingThatIsNotThere)

@@ -195,7 +195,10 @@ TEST_F(Printing, IsSharp)
 TEST_F(Printing, AsksForThePageSetupFirstAndStopsWhenCancelled)
 {
     int setups = 0, printers = 0;
-    person.pageSetup = [&](PrinterSetup&) { return ++setups, false; };
+    person.pageSetup = [&](PrinterSetup& setup) {
+        EXPECT_EQ(setup.ProposesLandscape, window.pmLandscape.ListIndex == 0);
+        return ++setups, false;
+    };
     Module1::myPrinterSetup = nullptr;
     person.printer = [&](const PrinterSetup&) {
         EXPECT_EQ(setups, 1);
@@ -206,6 +209,7 @@ TEST_F(Printing, AsksForThePageSetupFirstAndStopsWhenCancelled)
     window.btnPrintCharacters.Push();
     EXPECT_EQ(printers, 3);
     EXPECT_TRUE(person.messages.empty());
+    window.pmLandscape.ListIndex = 1;
     window.ChooseMenu("mnPageSetup");
     EXPECT_EQ(setups, 2);
 }

@@ -69,10 +69,33 @@ def edit_and_save(folder):
     tool("windowfocus", window, "key", "ctrl+q")
 
 
+def answers(status, output, *arguments):
+    done = subprocess.run([program, *arguments], env={}, capture_output=True, text=True, timeout=20, check=False)
+    if done.returncode != status or output not in done.stdout + done.stderr:
+        sys.exit(f"window_run: {arguments} got status {done.returncode} and {done.stdout + done.stderr!r}")
+
+
+def complains(folder, map_path, complaint):
+    """The window comes up all the same, with the blank map."""
+    with open(folder / "complaints", "w+b") as complaints:
+        running = subprocess.Popen([program, map_path], stderr=complaints)
+        try:
+            tool("windowfocus", window_named("^Quorrin Map Maker$"), "key", "ctrl+q")
+            status = running.wait(20)
+        finally:
+            running.kill()
+        complaints.seek(0)
+        if status != 0 or complaint not in complaints.read():
+            sys.exit(f"window_run: no {complaint}")
+
+
+answers(0, "opens the map", "--help")
+answers(0, "quorrin-map-maker ", "--version")
+answers(2, 'there is no option "--colour"', "--colour")
 with tempfile.TemporaryDirectory() as name:
     folder = Path(name)
     ends = os.pipe()
-    screen = subprocess.Popen(["Xvfb", "-displayfd", str(ends[1]), "-screen", "0", "1280x1024x24"],
+    screen = subprocess.Popen(["Xvfb", "-noreset", "-displayfd", str(ends[1]), "-screen", "0", "1280x1024x24"],
                               pass_fds=[ends[1]], stderr=subprocess.DEVNULL)
     try:
         os.environ.update(DISPLAY=":" + os.read(ends[0], 16).decode().strip(), HOME=name, XDG_DATA_HOME=name,
@@ -85,6 +108,8 @@ with tempfile.TemporaryDirectory() as name:
         finally:
             running.kill()
         expected = with_chest_on_first_square((folder / "newest" / sample.name).read_bytes())
+        complains(folder, folder / "none.qrnm", b'there is no file "')
+        complains(folder, folder, b'" cannot be read')
         if status != 0 or (folder / "edited.qrnm").read_bytes() != expected:
             sys.exit(f"window_run: status {status}, or the saved map is not the old one with a chest")
     finally:

@@ -3,20 +3,52 @@
 #include "document/Window1.h"
 #include "toolkit/Platform.h"
 
+#include <vector>
+
 namespace quorrin {
 
-/// The pages beside the program win over the installed ones, which open at their first page alone.
-void Module1::OpenThisHelpFile(const std::string& fileName)
+namespace {
+
+Ref<FolderItem> helpBesideProgram()
 {
-    const auto program = SpecialFolder::Executable();
-    const auto installed = program->Child("..")->Child("share")->Child("quorrin-map-maker")->Child("help");
-    for (const auto& page : {program->Child("help")->Child(fileName), installed->Child("index.html")}) {
-        if (page->Exists()) {
-            platform().Launch(*page);
-            return;
-        }
+    return SpecialFolder::Executable()->Child("help");
+}
+
+Ref<FolderItem> installedHelp()
+{
+    return SpecialFolder::Executable()->Child("..")->Child("share")->Child("quorrin-map-maker")->Child("help");
+}
+
+/// Opens the first of the pages that there is.
+void openOneOf(const std::vector<Ref<FolderItem>>& pages)
+{
+    for (const auto& page : pages) {
+        if (!page->Exists())
+            continue;
+        if (!platform().Launch(*page))
+            MsgBox("No browser could be started to show the help. You can open it yourself: " + page->Path());
+        return;
     }
     MsgBox("Unable to find help files.");
+}
+
+} // namespace
+
+void Module1::OpenThisHelpFile(const std::string& fileName)
+{
+    openOneOf({helpBesideProgram()->Child(fileName), installedHelp()->Child("index.html")});
+}
+
+void Module1::OpenHelpPage(const std::string& fileName)
+{
+    openOneOf({helpBesideProgram()->Child(fileName), installedHelp()->Child(fileName)});
+}
+
+void Window1::Event_Help()
+{
+    constexpr const char* pages[] = {"", "script.html", "characters.html"};
+    constexpr const char* tabs[] = {"background.html", "grid.html", "walls.html", "objects.html", "markers.html"};
+    Module1::OpenHelpPage(PagePanel1.Value > 0 ? pages[PagePanel1.Value] : tabs[TabPanel1.Value]);
 }
 
 bool Window1::_mnuHelp_Action()

@@ -34,9 +34,12 @@ extern Ref<cCharacter> useThisCharacter;
 extern bool gSkipWallColor;
 
 /// Shows the page-setup dialog and keeps what was chosen, across runs too.
-void ShowPageSetup(); // Preferences.cpp
-/// Opens a page of the help in the system's browser.
+/// At first it proposes this orientation.
+void ShowPageSetup(bool landscape = true); // Preferences.cpp
+/// Opens a page of the help beside the program, or else the first page of the installed one, in the system's browser.
 void OpenThisHelpFile(const std::string& fileName); // Help.cpp
+/// Opens that very page wherever the help is.
+void OpenHelpPage(const std::string& fileName); // Help.cpp
 /// The colour as the hexadecimal number RRGGBB with no leading zeros.
 std::string Color2HexString(Color color); // src/document/SquareText.cpp
 /// The colour of a hexadecimal text; of a longer number the lowest six digits.

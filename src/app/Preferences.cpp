@@ -28,9 +28,10 @@ void App::SetupPreferences()
 }
 
 /// The dialog works on a copy, so that a cancelled one changes nothing; but from then on there is a setup.
-void Module1::ShowPageSetup()
+void Module1::ShowPageSetup(bool landscape)
 {
     PrinterSetup setup;
+    setup.ProposesLandscape = landscape;
     if (myPrinterSetup)
         setup.SetupString = myPrinterSetup->SetupString;
     else

@@ -26,6 +26,7 @@ frmCharacter::frmCharacter() : Window(Kind::Modal, "Character", 267, 344)
     Canvas1.AccessibleName = "Token";
     Canvas2.AccessibleName = "Picture of the token";
     TextField1.AccessibleName = "Number";
+    TakesPictures = true;
 }
 
 frmCharacter::~frmCharacter()
@@ -52,6 +53,11 @@ void frmCharacter::Event_Open()
         TextField1.Text = Str(useThisCharacter->Number);
 }
 
+void frmCharacter::Event_Help()
+{
+    Module1::OpenHelpPage("characters.html");
+}
+
 void frmCharacter::Canvas1_Paint(Graphics& g)
 {
     useThisCharacter->DrawCharacter(g);
@@ -68,19 +74,22 @@ void frmCharacter::Canvas2_Paint(Graphics& g)
     g.DrawRect(0, 0, g.Width(), g.Height());
 }
 
-void frmCharacter::PushButton1_Action()
+void frmCharacter::Event_TakePicture(const std::optional<std::string>& bytes)
 {
-    if (const auto file = GetOpenFolderItem({FileTypes1::AllImages})) {
-        const auto bytes = readFile(file);
-        useThisCharacter->Icon = bytes ? Picture::FromData(*bytes, cCharacter::mostIconPixels) : nullptr;
-        // After a failure IconData keeps the earlier picture, though none shows: saving and reopening brings it back.
-        if (useThisCharacter->Icon)
-            useThisCharacter->IconData = *bytes;
-        else
-            MsgBox("Error Opening Picture.");
-    }
+    useThisCharacter->Icon = bytes ? Picture::FromData(*bytes, cCharacter::mostIconPixels) : nullptr;
+    // After a failure IconData keeps the earlier picture, though none shows: saving and reopening brings it back.
+    if (useThisCharacter->Icon)
+        useThisCharacter->IconData = *bytes;
+    else
+        MsgBox("Error Opening Picture.");
     Canvas2.Refresh(true);
     Canvas1.Refresh(true);
+}
+
+void frmCharacter::PushButton1_Action()
+{
+    if (const auto file = GetOpenFolderItem({FileTypes1::AllImages}))
+        Event_TakePicture(readFile(file));
 }
 
 bool frmCharacter::BevelButton1_MouseDown(int, int)

@@ -19,6 +19,8 @@ public:
     void Event_Open() override;
     void Canvas1_Paint(Graphics& g);
     void Canvas2_Paint(Graphics& g);
+    void Event_Help() override;
+    void Event_TakePicture(const std::optional<std::string>& bytes) override;
     void PushButton1_Action();
     bool BevelButton1_MouseDown(int x, int y);
     void PushButton2_Action();

@@ -11,9 +11,31 @@
 #include <QDesktopServices>
 #include <QFileInfo>
 #include <QIcon>
+#include <QProcess>
+#include <QStandardPaths>
 #include <QUrl>
 
 namespace quorrin {
+
+namespace {
+
+/// Qt starts the desktop's opener without waiting for its answer, so it cannot tell that there is no browser. The
+/// opener fails at once then; where it has become the browser itself, it runs on.
+bool runOpener(const QString& opener, const QUrl& url)
+{
+    constexpr int timeToFail = 2000; // milliseconds
+    auto* process = new QProcess;    // outlives this function, and the program where it has to
+    process->setStandardInputFile(QProcess::nullDevice());
+    process->setProcessChannelMode(QProcess::ForwardedChannels);
+    QObject::connect(process, &QProcess::finished, process, &QObject::deleteLater);
+    process->start(opener, {url.toString(QUrl::FullyEncoded)});
+    if (process->waitForStarted() && !process->waitForFinished(timeToFail))
+        return true;
+    return process->error() != QProcess::FailedToStart && process->exitStatus() == QProcess::NormalExit
+           && process->exitCode() == 0;
+}
+
+} // namespace
 
 void DesktopPlatform::ShowModal(Window& window)
 {
@@ -24,8 +46,9 @@ void DesktopPlatform::ShowModal(Window& window)
 
 bool DesktopPlatform::Launch(const FolderItem& file)
 {
-    const QFileInfo path(QtBridge::qtPath(file.Path()));
-    return QDesktopServices::openUrl(QUrl::fromLocalFile(path.absoluteFilePath()));
+    const QUrl url = QUrl::fromLocalFile(QFileInfo(QtBridge::qtPath(file.Path())).absoluteFilePath());
+    const QString opener = QStandardPaths::findExecutable(QStringLiteral("xdg-open"));
+    return opener.isEmpty() ? QDesktopServices::openUrl(url) : runOpener(opener, url);
 }
 
 bool DesktopPlatform::AsyncShiftKey() const

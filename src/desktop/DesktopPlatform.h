@@ -4,8 +4,8 @@
 
 namespace quorrin {
 
-/// The platform with a person before it. Its dialogs are in Dialogs.cpp and PrintDialogs.cpp, its menus in
-/// MenuViews.cpp.
+/// The platform with a person before it. Its dialogs are in Dialogs.cpp, ColorDialog.cpp and PrintDialogs.cpp,
+/// its menus in MenuViews.cpp.
 class DesktopPlatform : public Platform {
 public:
     MessageDialog::Answer Ask(const MessageDialog& dialog) override;

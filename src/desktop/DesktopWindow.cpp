@@ -1,6 +1,7 @@
 #include "desktop/DesktopWindow.h"
 
 #include "desktop/DesktopStyle.h"
+#include "desktop/GivenPictures.h"
 #include "desktop/LastResort.h"
 #include "desktop/QtText.h"
 
@@ -36,11 +37,34 @@ Qt::WindowFlags flagsOf(Window::Kind kind)
 /// What a screen reader says: the control's own name, its caption, or the label before it.
 void nameView(const WidgetView& view, const Control& control, const Control* before)
 {
+    QWidget& widget = *view.Widget();
     if (!control.AccessibleName.empty()) {
-        view.Widget()->setAccessibleName(qtText(control.AccessibleName));
+        widget.setAccessibleName(qtText(control.AccessibleName));
     } else if (control.Caption.get().empty() && before && before->Kind == ControlKind::Label) {
-        view.Widget()->setAccessibleName(qtText(before->Caption).remove(':').remove('&'));
+        widget.setAccessibleName(qtText(before->Caption).remove(':').remove('&'));
     }
+}
+
+/// Whether a control has no caption of its own but the label before it.
+bool isLabelled(const Control& control, const Control* before, const QWidget& widget)
+{
+    return before && before->Kind == ControlKind::Label && control.Caption.get().empty()
+           && widget.focusPolicy() != Qt::NoFocus;
+}
+
+/// On Linux a popup answers with its value when it is asked for its name, so its name must be that of a label.
+QLabel* hiddenLabel(const QWidget& popup)
+{
+    auto* label = new QLabel(popup.parentWidget());
+    label->hide();
+    return label;
+}
+
+/// A screen reader takes the name of the label for that of the widget.
+void putLabel(QLabel& label, QWidget& widget)
+{
+    label.setBuddy(&widget);
+    label.setAccessibleName(widget.accessibleName());
 }
 
 } // namespace
@@ -64,6 +88,7 @@ DesktopWindow::DesktopWindow(Window& window, QWidget* parent)
         menuBar_ = std::make_unique<MenuBarView>(window, *menuBar());
         menuBar_->Refresh();
     }
+    new PictureTaker(window, *this);
     window.View = this;
     Sync();
     fitToScreen();
@@ -82,8 +107,10 @@ void DesktopWindow::build()
         views_.push_back(makeView(*control, parentOf(*control)));
         const WidgetView& view = *views_.back();
         nameView(view, *control, before);
-        if (before && before->Kind == ControlKind::Label && view.Widget()->focusPolicy() != Qt::NoFocus)
-            static_cast<QLabel*>(views_[views_.size() - 2]->Widget())->setBuddy(view.Widget());
+        if (isLabelled(*control, before, *view.Widget()))
+            putLabel(*static_cast<QLabel*>(views_[views_.size() - 2]->Widget()), *view.Widget());
+        else if (control->Kind == ControlKind::PopupMenu)
+            putLabel(*hiddenLabel(*view.Widget()), *view.Widget());
         before = control;
     }
     for (const auto& view : views_)
@@ -201,6 +228,10 @@ bool DesktopWindow::push(PushButton::Role role)
 
 void DesktopWindow::keyPressEvent(QKeyEvent* event)
 {
+    if (event->matches(QKeySequence::HelpContents)) {
+        guarded([this] { window_.Event_Help(); });
+        return;
+    }
     const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     if (isReturn && push(PushButton::Role::Default))
         return;

@@ -1,36 +1,27 @@
 #include "desktop/Dialogs.h"
 
 #include "desktop/DesktopPlatform.h"
+#include "desktop/DesktopsOwnDialogs.h"
+#include "desktop/Folders.h"
 #include "desktop/QtText.h"
 
+#include "toolkit/Errors.h"
+#include "toolkit/Files.h"
 #include "toolkit/QtBridge.h"
 
 #include <QApplication>
-#include <QColorDialog>
-#include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QGridLayout>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
-#include <QStandardPaths>
 
 #include <algorithm>
 
 namespace quorrin {
 
 namespace {
-
-/// The folder of the last file that was chosen or handed over, at first that of documents.
-QString& lastFolder()
-{
-    static QString folder;
-    if (!QFileInfo(folder).isDir())
-        folder = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
-    if (!QFileInfo(folder).isDir())
-        folder = QDir::homePath();
-    return folder;
-}
 
 QStringList extensionsOf(const FileType& type)
 {
@@ -60,61 +51,106 @@ public:
     SaveDialog(QWidget* parent, QStringList extensions)
         : QFileDialog(parent, QStringLiteral("Save")), extensions_(std::move(extensions))
     {
+        setOption(QFileDialog::DontUseNativeDialog);
         setAcceptMode(QFileDialog::AcceptSave);
     }
 
 protected:
     void accept() override
     {
-        if (auto* name = findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))) {
-            name->setText(name->text().replace('"', '\''));
-            if (extensions_.contains(name->text().trimmed(), Qt::CaseInsensitive))
-                return;
-            if (isWithoutExtension(name->text()))
-                name->setText(name->text() + extensions_.constFirst());
+        if (auto* edit = findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))) {
+            QString name = edit->text().trimmed().replace('"', '\'');
+            if (name.isEmpty() || extensions_.contains(name, Qt::CaseInsensitive))
+                return quorrin::MsgBox("Please type a name for the file.");
+            if (isWithoutExtension(name))
+                name += extensions_.constFirst();
+            edit->setText(name);
         }
+        const QString chosen = selectedFiles().value(0);
+        if (!QFileInfo(chosen).isDir() && !(canBeWritten(chosen) && mayBeReplaced(chosen)))
+            return;
         QFileDialog::accept();
     }
 
 private:
+    /// Says what is in the way.
+    static bool canBeWritten(const QString& path)
+    {
+        std::string obstacle;
+        try {
+            if (TextOutputStream::Create(New<FolderItem>(QtBridge::plainPath(path)), obstacle))
+                return true;
+        } catch (const IOException& failure) {
+            obstacle = failure.what();
+        }
+        quorrin::MsgBox(obstacle);
+        return false;
+    }
+    /// Qt itself asks about all files but those that it does not find, whose names are no UTF-8.
+    bool mayBeReplaced(const QString& path)
+    {
+        const FolderItem file(QtBridge::plainPath(path));
+        return QFileInfo::exists(path) || !file.Exists()
+               || Confirmed(qtText(file.Name()).toStdString() + " already exists.\nDo you want to replace it?",
+                            "Replace");
+    }
     bool isWithoutExtension(const QString& name) const
     {
-        if (extensions_.isEmpty() || name.isEmpty() || QFileInfo(directory(), name).isDir())
+        if (name.isEmpty() || QFileInfo(directory(), name).isDir())
             return false;
-        return std::none_of(extensions_.begin(), extensions_.end(),
-                            [&](const QString& extension) { return name.endsWith(extension, Qt::CaseInsensitive); });
+        return lacksExtension(name, extensions_);
     }
     QStringList extensions_;
 };
 
+std::unique_ptr<QFileDialog> saveDialog(bool desktops, const QStringList& extensions)
+{
+    if (!desktops)
+        return std::make_unique<SaveDialog>(frontWidget(), extensions);
+    auto dialog = std::make_unique<QFileDialog>(frontWidget(), QStringLiteral("Save"));
+    dialog->setAcceptMode(QFileDialog::AcceptSave);
+    return dialog;
+}
+
 /// `name` is what a new file is proposed to be called. It comes last, as a filter gives the name that stands there its
 /// own first extension.
-Ref<FolderItem> chosenFile(QFileDialog& dialog, const QStringList& filters, const QString& name = {})
+void prepare(QFileDialog& dialog, const QStringList& filters, const QString& name = {})
 {
-    dialog.setOption(QFileDialog::DontUseNativeDialog);
-    dialog.setDirectory(lastFolder());
+    dialog.setDirectory(startFolder(kindOfFile(filters.join(' '))));
     if (!filters.empty())
         dialog.setNameFilters(filters);
     if (!name.isEmpty())
         dialog.selectFile(name);
+}
+
+std::optional<QString> chosenFile(QFileDialog& dialog)
+{
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
+        return {};
+    return dialog.selectedFiles().constFirst();
+}
+
+Ref<FolderItem> taken(const std::optional<QString>& path, const QStringList& filters)
+{
+    if (!path)
         return nullptr;
-    auto file = New<FolderItem>(QtBridge::plainPath(dialog.selectedFiles().constFirst()));
-    rememberFolderOf(*file);
-    return file;
+    rememberFolder(kindOfFile(filters.join(' ')), *path);
+    return New<FolderItem>(QtBridge::plainPath(*path));
+}
+
+/// Makes a message wide enough for its title, of which short messages would show a piece alone.
+void fitToTitle(QMessageBox& box)
+{
+    constexpr int frameAndButtons = 160;
+    box.setWindowTitle(QApplication::applicationDisplayName());
+    auto* grid = qobject_cast<QGridLayout*>(box.layout());
+    if (!grid)
+        return;
+    const int width = box.fontMetrics().horizontalAdvance(box.windowTitle()) + frameAndButtons;
+    grid->addItem(new QSpacerItem(width, 0), grid->rowCount(), 0, 1, grid->columnCount());
 }
 
 } // namespace
-
-void rememberFolderOf(const FolderItem& file)
-{
-    lastFolder() = QFileInfo(QtBridge::qtPath(file.Path())).absolutePath();
-}
-
-QString currentFolder()
-{
-    return lastFolder();
-}
 
 QWidget* frontWidget()
 {
@@ -142,6 +178,7 @@ MessageDialog::Answer DesktopPlatform::Ask(const MessageDialog& question)
     QPushButton* cancel = add(question.CancelButton, QMessageBox::RejectRole);
     box.setDefaultButton(action);
     box.setEscapeButton(cancel);
+    fitToTitle(box);
     box.exec();
     if (action && box.clickedButton() == action)
         return Answer::Action;
@@ -153,25 +190,17 @@ void DesktopPlatform::MsgBox(const std::string& message)
     QMessageBox box(frontWidget());
     box.setTextFormat(Qt::PlainText);
     box.setText(qtText(message));
+    fitToTitle(box);
     box.exec();
-}
-
-bool DesktopPlatform::SelectColor(Color& color, const std::string& prompt)
-{
-    QColorDialog dialog(QColor(color.red, color.green, color.blue), frontWidget());
-    dialog.setOption(QColorDialog::DontUseNativeDialog);
-    dialog.setWindowTitle(qtText(prompt));
-    if (dialog.exec() != QDialog::Accepted)
-        return false;
-    color = colorFromNumber(dialog.selectedColor().rgb() & 0xFFFFFF);
-    return true;
 }
 
 Ref<FolderItem> DesktopPlatform::GetOpenFolderItem(const FileFilter& filter)
 {
     QFileDialog dialog(frontWidget(), QStringLiteral("Open"));
     dialog.setFileMode(QFileDialog::ExistingFile);
-    return chosenFile(dialog, nameFilters(filter));
+    const QStringList filters = nameFilters(filter);
+    prepare(dialog, filters);
+    return taken(chosenFile(dialog), filters);
 }
 
 /// Proposes a name, adds that name's extension (or else the filter's first) to what the person types without one, and
@@ -179,21 +208,25 @@ Ref<FolderItem> DesktopPlatform::GetOpenFolderItem(const FileFilter& filter)
 Ref<FolderItem> DesktopPlatform::GetSaveFolderItem(const FileFilter& filter, const std::string& defaultName,
                                                    std::size_t* chosenKind)
 {
-    const QString name = qtText(defaultName);
+    const QString name = QtBridge::qtPath(defaultName);
     QStringList extensions;
     for (const FileType& type : filter)
         extensions += extensionsOf(type);
     const QString proposed = '.' + QFileInfo(name).suffix();
     if (proposed.size() > 1 && (extensions.isEmpty() || extensions.contains(proposed)))
         extensions.prepend(proposed);
-    SaveDialog dialog(frontWidget(), extensions);
-    if (!chosenKind)
-        return chosenFile(dialog, nameFilters(filter), name);
-    QStringList kinds;
-    for (const FileType& kind : filter)
-        kinds += nameFilters({kind});
-    auto file = chosenFile(dialog, kinds, name);
-    *chosenKind = static_cast<std::size_t>(std::max<qsizetype>(0, kinds.indexOf(dialog.selectedNameFilter())));
+    QStringList filters = nameFilters(filter);
+    if (chosenKind) {
+        filters.clear();
+        for (const FileType& kind : filter)
+            filters += nameFilters({kind});
+    }
+    const bool desktops = desktopHasFileDialogs();
+    const auto dialog = saveDialog(desktops, extensions);
+    prepare(*dialog, filters, name);
+    const auto file = taken(desktops ? chosenForSaving(*dialog, extensions) : chosenFile(*dialog), filters);
+    if (chosenKind)
+        *chosenKind = static_cast<std::size_t>(std::max<qsizetype>(0, filters.indexOf(dialog->selectedNameFilter())));
     return file;
 }
 

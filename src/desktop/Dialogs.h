@@ -2,8 +2,6 @@
 
 #include "toolkit/Platform.h"
 
-#include <QString>
-
 class QWidget;
 
 namespace quorrin {
@@ -12,9 +10,5 @@ namespace quorrin {
 
 /// The window that the person looks at: the dialog that waits, else the main window; nil when none is shown.
 QWidget* frontWidget();
-
-/// File dialogs start in the folder of this file from now on.
-void rememberFolderOf(const FolderItem& file);
-QString currentFolder();
 
 } // namespace quorrin

@@ -3,6 +3,7 @@
 #include "desktop/DesktopPlatform.h"
 #include "desktop/DesktopStyle.h"
 #include "desktop/Dialogs.h"
+#include "desktop/GivenPictures.h"
 #include "desktop/LastResort.h"
 #include "desktop/QtText.h"
 #include "desktop/StandardEdits.h"
@@ -129,8 +130,13 @@ bool MenuBarView::isEnabled(const MenuItem& item) const
     if (item.standard == MenuItem::Standard::Quit)
         return item.Enabled;
     if (isEditCommand(item.standard) && !window_.HandlesMenu(item.Name))
-        return canEdit(editTarget_, item.standard);
+        return pastesPicture(item) || canEdit(editTarget_, item.standard);
     return item.Enabled && window_.HandlesMenu(item.Name);
+}
+
+bool MenuBarView::pastesPicture(const MenuItem& item) const
+{
+    return item.standard == MenuItem::Standard::Paste && canPastePicture(window_);
 }
 
 void MenuBarView::choose(const MenuItem& item)
@@ -139,6 +145,8 @@ void MenuBarView::choose(const MenuItem& item)
         guarded([&] { window_.ChooseMenu(item.Name); });
     else if (item.standard == MenuItem::Standard::Quit)
         mainWidget_->close();
+    else if (pastesPicture(item))
+        pastePicture(window_);
     else
         edit(editTarget_, item.standard);
 }

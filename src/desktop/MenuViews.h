@@ -43,6 +43,7 @@ private:
     void addMenu(const MenuItem& menu, QMenuBar& bar);
     void addItems(const MenuItem& menu, QMenu& widget);
     bool isEnabled(const MenuItem& item) const;
+    bool pastesPicture(const MenuItem& item) const;
     void choose(const MenuItem& item);
 
     Window& window_;

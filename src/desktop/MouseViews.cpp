@@ -28,8 +28,15 @@ QRect qtRect(const Frame& frame)
 class CanvasWidget : public MouseWidget {
 public:
     CanvasWidget(Canvas& canvas, QWidget* parent) : MouseWidget(canvas, QAccessible::Canvas, parent), canvas_(canvas)
+    {}
+
+    /// Tells what a canvas without places of its own shows, and whether it can be clicked.
+    void Refresh()
     {
-        setMouseTracking(static_cast<bool>(canvas.DescribePlace));
+        if (!hasPlaces())
+            pointedAt(rect().center());
+        refreshPointer();
+        update();
     }
 
 protected:
@@ -41,11 +48,13 @@ protected:
         paintCanvas(painter);
         if (!isEnabled())
             painter.fillRect(rect(), QColor(255, 255, 255, 160));
+        if (hasPlaces() && mousePlace() && answersAt(*mousePlace()))
+            drawOutline(painter, areaAt(*mousePlace()));
         if (!ShowsFocus())
             return;
         drawFocusFrame(painter, rect());
         if (hasPlaces())
-            drawFocusFrame(painter, qtRect(placeAt(keyboardPlace())).adjusted(-1, -1, 1, 1));
+            drawFocusFrame(painter, areaAt(keyboardPlace()).adjusted(-1, -1, 1, 1));
         else if (canvas_.AnswersDrag())
             drawCrosshair(painter, keyboardPlace());
     }
@@ -54,7 +63,7 @@ protected:
     {
         if (!hasPlaces() && !canvas_.AnswersDrag())
             return rect().center();
-        if (!place_ || !rect().contains(*place_) || (hasPlaces() && placeAt(*place_).Width == 0))
+        if (!place_ || !rect().contains(*place_) || areaAt(*place_).isEmpty())
             place_ = firstPlace();
         return *place_;
     }
@@ -69,9 +78,9 @@ protected:
             place_ = QPoint(qBound(0, to.x(), width() - 1), qBound(0, to.y(), height() - 1));
             return;
         }
-        const QRect here = qtRect(placeAt(from));
+        const QRect here = areaAt(from);
         for (QPoint to = from + direction; rect().contains(to); to += direction) {
-            const QRect area = qtRect(placeAt(to));
+            const QRect area = areaAt(to);
             if (!area.isEmpty() && area != here) {
                 place_ = area.center();
                 return;
@@ -82,7 +91,28 @@ protected:
     void pointedAt(QPoint place) override
     {
         if (canvas_.DescribePlace)
-            guarded([&] { setAccessibleDescription(qtText(canvas_.DescribePlace(place.x(), place.y()))); });
+            setAccessibleDescription(descriptionOf(place));
+    }
+
+    QRect areaAt(QPoint point) const override
+    {
+        if (!hasPlaces())
+            return rect();
+        QRect area;
+        guarded([&] { area = qtRect(canvas_.PlaceAt(point.x(), point.y())); }, false);
+        return area;
+    }
+
+    bool answersAt(QPoint place) const override
+    {
+        return MouseWidget::answersAt(place) && (!canvas_.AnswersNow || canvas_.AnswersNow());
+    }
+
+    QString tipAt(QPoint place) const override
+    {
+        QStringList lines{canvas_.DescribePlace ? descriptionOf(place) : QString(), toolTip()};
+        lines.removeAll({});
+        return lines.join('\n');
     }
 
 private:
@@ -94,11 +124,12 @@ private:
     }
 
     bool hasPlaces() const { return static_cast<bool>(canvas_.PlaceAt); }
-    Frame placeAt(QPoint point) const
+
+    QString descriptionOf(QPoint place) const
     {
-        Frame place;
-        guarded([&] { place = canvas_.PlaceAt(point.x(), point.y()); }, false);
-        return place;
+        std::string description;
+        guarded([&] { description = canvas_.DescribePlace(place.x(), place.y()); });
+        return qtText(description);
     }
 
     QPoint firstPlace() const
@@ -106,9 +137,19 @@ private:
         constexpr int step = 10;
         for (int y = 0; hasPlaces() && y < height(); y += step)
             for (int x = 0; x < width(); x += step)
-                if (const QRect area = qtRect(placeAt({x, y})); !area.isEmpty())
+                if (const QRect area = areaAt({x, y}); !area.isEmpty())
                     return area.center();
         return rect().center();
+    }
+
+    /// Shows on any ground: light inside of the colour in which the desktop marks things.
+    void drawOutline(QPainter& painter, const QRect& area) const
+    {
+        painter.setBrush(Qt::NoBrush);
+        painter.setPen(palette().color(QPalette::Highlight));
+        painter.drawRect(area.adjusted(-1, -1, 0, 0));
+        painter.setPen(QColor(255, 255, 255, 180));
+        painter.drawRect(area.adjusted(0, 0, -1, -1));
     }
 
     void drawCrosshair(QPainter& painter, QPoint center) const
@@ -129,9 +170,12 @@ public:
     CanvasView(Canvas& canvas, QWidget* parent) : WidgetView(canvas, new CanvasWidget(canvas, parent)), canvas_(canvas)
     {}
 
+    void Repaint() override { static_cast<CanvasWidget*>(Widget())->Refresh(); }
+
 private:
     void show() override
     {
+        Repaint();
         const auto& cursor = canvas_.MouseCursor;
         if (cursor.Image)
             Widget()->setCursor(
@@ -144,7 +188,8 @@ private:
 class RectangleWidget : public MouseWidget {
 public:
     RectangleWidget(Rectangle& rectangle, QWidget* parent)
-        : MouseWidget(rectangle, QAccessible::ColorChooser, parent), rectangle_(rectangle)
+        : MouseWidget(rectangle, rectangle.AnswersMouse() ? QAccessible::ColorChooser : QAccessible::Whitespace, parent),
+          rectangle_(rectangle)
     {}
 
 protected:
@@ -180,6 +225,8 @@ public:
 private:
     void show() override
     {
+        if (!rectangle_.AnswersMouse())
+            return;
         const Color fill = rectangle_.FillColor;
         Widget()->setAccessibleDescription(QColor(fill.red, fill.green, fill.blue).name());
     }

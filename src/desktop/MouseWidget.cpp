@@ -4,10 +4,12 @@
 #include "desktop/MenuViews.h"
 
 #include <QAccessibleWidget>
+#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QScrollArea>
+#include <QToolTip>
 
 #include <cmath>
 
@@ -64,6 +66,50 @@ MouseWidget::MouseWidget(MouseControl& control, QAccessible::Role role, QWidget*
     static_cast<void>(installed);
     if (control.AnswersMouse() || control.HasContextualMenu())
         setFocusPolicy(Qt::StrongFocus);
+    setMouseTracking(control.AnswersMouse());
+}
+
+bool MouseWidget::answersAt(QPoint place) const
+{
+    return isEnabled() && control_.AnswersMouse() && !areaAt(place).isEmpty();
+}
+
+void MouseWidget::refreshPointer()
+{
+    // A control on which one draws has a pointer of its own.
+    if (!control_.AnswersDrag())
+        setCursor(mousePlace_ && answersAt(*mousePlace_) ? Qt::PointingHandCursor : Qt::ArrowCursor);
+}
+
+void MouseWidget::setMousePlace(std::optional<QPoint> place)
+{
+    const auto area = [this](const std::optional<QPoint>& at) { return at ? areaAt(*at) : QRect(); };
+    const bool leadsOn = area(std::exchange(mousePlace_, place)) != area(place);
+    refreshPointer();
+    if (leadsOn)
+        update();
+}
+
+bool MouseWidget::event(QEvent* event)
+{
+    if (event->type() != QEvent::ToolTip)
+        return QWidget::event(event);
+    const auto* help = static_cast<QHelpEvent*>(event);
+    // The text goes when the mouse leaves the area that it tells of.
+    QToolTip::showText(help->globalPos(), tipAt(help->pos()), this, areaAt(help->pos()));
+    return true;
+}
+
+void MouseWidget::enterEvent(QEnterEvent* event)
+{
+    setMousePlace(event->position().toPoint());
+    QWidget::enterEvent(event);
+}
+
+void MouseWidget::leaveEvent(QEvent* event)
+{
+    setMousePlace({});
+    QWidget::leaveEvent(event);
 }
 
 void MouseWidget::PressByKeyboard()
@@ -108,6 +154,7 @@ void MouseWidget::mousePressEvent(QMouseEvent* event)
 
 void MouseWidget::mouseMoveEvent(QMouseEvent* event)
 {
+    setMousePlace(pixelOf(*event));
     if (event->buttons() & Qt::LeftButton)
         drag(pixelOf(*event));
     else
@@ -186,10 +233,10 @@ void MouseWidget::keyReleaseEvent(QKeyEvent* event)
 
 void MouseWidget::focusInEvent(QFocusEvent* event)
 {
-    if (event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason) {
+    if (event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason)
         byKeyboard_ = true;
+    if (event->reason() != Qt::MouseFocusReason)
         pointedAt(keyboardPlace());
-    }
     QWidget::focusInEvent(event);
 }
 

@@ -6,6 +6,7 @@
 
 #include <QEvent>
 #include <QGroupBox>
+#include <QShortcut>
 #include <QStackedWidget>
 #include <QTabBar>
 #include <QTabWidget>
@@ -88,6 +89,7 @@ public:
             tabs()->addTab(page, qtText(tab));
             surfaces_.push_back(new PageSurface(panel, tabs(), page));
         }
+        addKeys();
         connect(tabs(), &QTabWidget::currentChanged, this,
                 [this](int tab) { change([this, tab] { panel_.Value = tab; }); });
     }
@@ -95,6 +97,19 @@ public:
 
 private:
     QTabWidget* tabs() const { return static_cast<QTabWidget*>(Widget()); }
+    /// From anywhere in the window: Ctrl with a page key goes round the tabs, Alt with a digit to one of them.
+    void addKeys()
+    {
+        const auto add = [this](QKeyCombination key, auto target) {
+            auto* shortcut = new QShortcut(key, tabs());
+            connect(shortcut, &QShortcut::activated, tabs(), [this, target] { tabs()->setCurrentIndex(target()); });
+        };
+        const int count = tabs()->count();
+        add(Qt::CTRL | Qt::Key_PageDown, [=, this] { return (tabs()->currentIndex() + 1) % count; });
+        add(Qt::CTRL | Qt::Key_PageUp, [=, this] { return (tabs()->currentIndex() + count - 1) % count; });
+        for (int tab = 0; tab < count; ++tab)
+            add(QKeyCombination(Qt::ALT, Qt::Key(Qt::Key_1 + tab)), [tab] { return tab; });
+    }
     void show() override { tabs()->setCurrentIndex(panel_.Value); }
     TabPanel& panel_;
     std::vector<PageSurface*> surfaces_;

@@ -1,5 +1,6 @@
 #include "desktop/DesktopPlatform.h"
 #include "desktop/Dialogs.h"
+#include "desktop/Folders.h"
 #include "desktop/LastResort.h"
 #include "desktop/QtText.h"
 
@@ -18,6 +19,8 @@ namespace quorrin {
 bool DesktopPlatform::PageSetupDialog(PrinterSetup& setup)
 {
     QPrinter printer(QPrinter::HighResolution);
+    if (setup.ProposesLandscape)
+        printer.setPageOrientation(QPageLayout::Landscape);
     QtBridge::applySetup(setup, printer);
     QPageSetupDialog dialog(&printer, frontWidget());
     if (dialog.exec() != QDialog::Accepted)
@@ -56,7 +59,7 @@ std::unique_ptr<Graphics> DesktopPlatform::OpenPrinterDialog(const PrinterSetup&
             widget->setEnabled(false);
     offerColorModeToPrintersOnly(dialog, *printer);
     if (auto* fileName = dialog.findChild<QLineEdit*>(QStringLiteral("filename")))
-        fileName->setText(QDir(currentFolder()).filePath(qtText(title) + ".pdf"));
+        fileName->setText(QDir(startFolder(FileKind::Map)).filePath(qtText(title) + ".pdf"));
     if (dialog.exec() != QDialog::Accepted)
         return nullptr;
     const int copies = printer->copyCount();

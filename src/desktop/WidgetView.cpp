@@ -8,6 +8,7 @@ namespace quorrin {
 WidgetView::WidgetView(Control& control, QWidget* widget) : control_(control), widget_(widget)
 {
     control.View = this;
+    widget->setToolTip(qtText(control.ToolTip));
 }
 
 WidgetView::~WidgetView()

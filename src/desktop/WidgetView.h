@@ -15,7 +15,7 @@ class WidgetView : public QObject, public ControlView {
 public:
     ~WidgetView() override;
     void Sync() final;
-    void Repaint() final { widget_->update(); }
+    void Repaint() override { widget_->update(); }
     /// What lies on a page that is turned away takes none, so that nobody types into what they cannot see.
     void TakeFocus() final
     {

@@ -2,10 +2,11 @@
 #include "app/Recovery.h"
 #include "desktop/DesktopPlatform.h"
 #include "desktop/DesktopWindow.h"
-#include "desktop/Dialogs.h"
+#include "desktop/Folders.h"
 #include "desktop/ForcedEnd.h"
 #include "desktop/LastResort.h"
 #include "desktop/RecoveryClock.h"
+#include "desktop/StartArguments.h"
 #include "document/Window1.h"
 #include "toolkit/QtBridge.h"
 
@@ -67,7 +68,10 @@ public:
 
 int main(int argc, char** argv)
 {
-    // The path of a map is the only argument, so Qt gets none for itself.
+    const StartArguments arguments = readArguments(argc, argv);
+    if (arguments.status)
+        return *arguments.status;
+    // Qt gets no argument for itself.
     int qtArguments = 1;
     QApplication qt(qtArguments, argv);
     setUpDesktop();
@@ -75,8 +79,8 @@ int main(int argc, char** argv)
 
     App app;
     guarded([&] { app.Event_Open(); });
-    if (argc > 1)
-        handOver(app, argv[1]);
+    if (!arguments.map.empty())
+        handOver(app, arguments.map);
     const HandedOver handedOver(app);
     QApplication::setQuitOnLastWindowClosed(app.AutoQuit);
 

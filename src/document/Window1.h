@@ -85,6 +85,8 @@ public:
     /// Takes the map from the whole text of a file; false when it is none of a map. Raises an exception when the text
     /// breaks off.
     bool ReadMapText(const std::string& text);
+    /// What the map that was opened last holds and nobody sees, as sentences: pictures that cannot be read.
+    std::string UnreadPictures;
     /// The whole text of the map file.
     std::string MapText() const;
     /// The map as it is now, but for its drawing, which is this one; nil for none.
@@ -179,6 +181,8 @@ public:
     bool Canvas1_ContextualMenuAction(const MenuItem& chosen);
     /// What a screen reader says of a place on the map: the square and all that lies on it; empty beside the squares.
     std::string DescribeSquare(int x, int y);
+    /// The same of the wall set of the check boxes.
+    std::string DescribeChosenWall();
     /// Fills a menu with the objects in their groups; each tag is the prefix and the object's number.
     void ShowObjectPopupMenu(MenuItem& base, const std::string& prefix);
     /// The same with the markers.
@@ -221,6 +225,8 @@ public:
 
     void AddMenuHandlers();
     void Event_EnableMenuItems() override;
+    /// Opens the help on the page of the tab or page that shows.
+    void Event_Help() override;
     bool _mnuHelp_Action();
     bool _mnuAbout_Action();
 

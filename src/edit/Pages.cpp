@@ -19,6 +19,8 @@ void Window1::TabPanel1_Change()
     btnCharacterTool.Enabled = true;
     gbDMObjects.Enabled = true;
     PagePanel1.Value = Page::mapPage;
+    // The mouse over the map may now stand on what answers a click, or no longer.
+    Canvas1.Invalidate(false);
 }
 
 void Window1::bbScriptTool_Action()

@@ -2,7 +2,7 @@
 #include "edit/HitTest.h"
 #include "toolkit/Text.h"
 
-// What lies on a square, in words.
+// What lies on a square, or would after a click, in words.
 
 namespace quorrin {
 
@@ -32,6 +32,31 @@ std::string nameOf(const PopupMenu& popup, std::int64_t row)
     return row > 0 && row < popup.ListCount() ? popup.List(row) : "";
 }
 
+/// The flags of one kind that are set, as in "walls top, left"; nothing when none is.
+template <typename Names>
+std::vector<std::string> flagsOf(const cWall& wall, const std::string& kind, const Names& names)
+{
+    std::vector<std::string> set;
+    for (const auto& [flag, name] : names)
+        if (wall.*flag)
+            set.push_back(name);
+    if (set.empty())
+        return {};
+    return {kind + (set.size() > 1 ? "s " : " ") + joined(set, ", ")};
+}
+
+void append(std::vector<std::string>& words, const std::vector<std::string>& more)
+{
+    words.insert(words.end(), more.begin(), more.end());
+}
+
+std::vector<std::string> flagsOf(const cWall& wall)
+{
+    auto flags = flagsOf(wall, "wall", wallNames);
+    append(flags, flagsOf(wall, "door", doorNames));
+    return flags;
+}
+
 } // namespace
 
 std::string Window1::DescribeSquare(int x, int y)
@@ -46,21 +71,18 @@ std::string Window1::DescribeSquare(int x, int y)
         if (!name.empty())
             contents.push_back(kind + name);
     };
-    const auto addFlags = [&](const std::string& kind, const auto& names) {
-        std::vector<std::string> set;
-        for (const auto& [flag, name] : names)
-            if ((*square.Wall).*flag)
-                set.push_back(name);
-        if (!set.empty())
-            contents.push_back(kind + (set.size() > 1 ? "s " : " ") + joined(set, ", "));
-    };
     add("", nameOf(pmObjects, square.thisObject));
     add("top layer ", nameOf(pmObjects, mySquaresTop(cell->column, cell->row)->thisObject));
-    addFlags("wall", wallNames);
-    addFlags("door", doorNames);
+    append(contents, flagsOf(*square.Wall));
     add("marker ", nameOf(pmDM, square.thisDM));
     return "Column " + Str(cell->column) + ", row " + Str(cell->row) + ": "
            + (contents.empty() ? "blank" : joined(contents, "; "));
+}
+
+std::string Window1::DescribeChosenWall()
+{
+    const auto flags = flagsOf(*ChosenWall());
+    return flags.empty() ? "No walls" : joined(flags, "; ");
 }
 
 } // namespace quorrin

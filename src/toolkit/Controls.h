@@ -80,6 +80,8 @@ public:
     int Top() const { return frame_.Top; }
     /// What a screen reader says where the caption does not tell it.
     std::string AccessibleName;
+    /// One line that explains the control where its caption does not, shown while the mouse rests on it.
+    std::string ToolTip;
 
     void SetFocus();
     /// Asks for a new painting; the two differ only in haste, which a modern desktop does not need.
@@ -347,11 +349,13 @@ public:
     {}
     /// The pointer over the canvas; the arrow when its picture is nil.
     quorrin::MouseCursor MouseCursor;
-    /// What a screen reader says about a place on the canvas; may be empty.
+    /// What a screen reader says about a place on the canvas, and what shows while the mouse rests there; may be empty.
     std::function<std::string(int x, int y)> DescribePlace;
     /// The area around a point that one click means, without area where there is none: the arrow keys go from one such
     /// area to the next. May be empty.
     std::function<Frame(int x, int y)> PlaceAt;
+    /// Whether a click does anything now; empty where one always does.
+    std::function<bool()> AnswersNow;
 };
 
 /// A filled rectangle with a 1-pixel black border; one that answers the mouse is a colour well.

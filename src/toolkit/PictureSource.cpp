@@ -30,6 +30,7 @@ using LargerKey = std::pair<std::uint64_t, int>;
 QCache<LargerKey, QImage>& largerPictures()
 {
     constexpr int budgetKilobytes = 160 << 10;
+    // Never destroyed: shared pictures that live longer would ask for it at their end.
     static auto& pictures = *new QCache<LargerKey, QImage>(budgetKilobytes);
     return pictures;
 }

@@ -38,6 +38,8 @@ bool Confirmed(const std::string& message, const std::string& action);
 /// The page setup: an opaque text that the platform's page-setup dialog makes and understands; empty is its default.
 struct PrinterSetup {
     std::string SetupString;
+    /// The orientation that the dialog proposes where the text tells none.
+    bool ProposesLandscape = false;
     /// Shows the dialog on this setup; true when the person confirmed, and only then it has changed.
     bool PageSetupDialog();
 };

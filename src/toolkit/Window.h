@@ -6,6 +6,7 @@
 
 #include <functional>
 #include <map>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -51,10 +52,16 @@ public:
     std::vector<Timer*> Timers;
     /// Nil for a window without one.
     Ref<quorrin::MenuBar> MenuBar;
+    /// Whether pictures can be dropped on the window and pasted into it.
+    bool TakesPictures = false;
 
     virtual void Event_Open() {}
     /// Asked before the window closes; true keeps it open.
     virtual bool Event_CancelClose(bool appQuitting) { return static_cast<void>(appQuitting), false; }
+    /// The person asks for help.
+    virtual void Event_Help() {}
+    /// A picture was dropped or pasted: the bytes of its file, which may be anything; none when it cannot be read.
+    virtual void Event_TakePicture(const std::optional<std::string>& bytes) { static_cast<void>(bytes); }
     /// Called before a menu is shown; sets `Enabled` of the items that depend on something.
     virtual void Event_EnableMenuItems() {}
 

@@ -42,6 +42,7 @@ frmEditUserPicture::frmEditUserPicture() : Window(Kind::Modal, "Edit User Pictur
     Canvas1.AccessibleName = "Drawing";
     PopupMenu1.AccessibleName = "Color";
     PopupMenu2.AccessibleName = "Pen width";
+    TakesPictures = true;
     MenuBar = mbUserPict();
     AddMenuHandler("mnuOpenUserPicture", &frmEditUserPicture::_mnuOpenUserPicture_Action);
     AddMenuHandler("mnUPEditUndo", &frmEditUserPicture::_mnUPEditUndo_Action);
@@ -80,6 +81,11 @@ void frmEditUserPicture::Event_EnableMenuItems()
 {
     MenuBar->Find("mnUPEditUndo")->Enabled = static_cast<bool>(pUndo);
     MenuBar->Find("mnuClearDrawing")->Enabled = static_cast<bool>(myImage);
+}
+
+void frmEditUserPicture::Event_Help()
+{
+    Module1::OpenHelpPage("drawing.html");
 }
 
 /// Sets the menu bar anew, so that it shows once the window stands.
@@ -150,11 +156,9 @@ void frmEditUserPicture::Canvas1_MouseUp(int, int)
     Canvas1.Invalidate(false);
 }
 
-/// Takes no step of undo.
-bool frmEditUserPicture::_mnuOpenUserPicture_Action()
+void frmEditUserPicture::LayOver(const Ref<Picture>& picture)
 {
-    const auto file = GetOpenFolderItem({FileTypes1::Bmp, FileTypes1::Jpeg, FileTypes1::Png});
-    if (const auto picture = Picture::Open(file)) {
+    if (picture) {
         picture->Transparent = 1;
         const auto clear = copyOf(picture);
         const auto size = [](std::int64_t side) { return static_cast<double>(side); };
@@ -164,7 +168,17 @@ bool frmEditUserPicture::_mnuOpenUserPicture_Action()
         myImage->KeepPixels();
     }
     Canvas1.Invalidate(true);
+}
+
+bool frmEditUserPicture::_mnuOpenUserPicture_Action()
+{
+    LayOver(Picture::Open(GetOpenFolderItem({FileTypes1::Bmp, FileTypes1::Jpeg, FileTypes1::Png})));
     return true;
+}
+
+void frmEditUserPicture::Event_TakePicture(const std::optional<std::string>& bytes)
+{
+    LayOver(bytes ? Picture::FromData(*bytes) : nullptr);
 }
 
 bool frmEditUserPicture::_mnUPEditUndo_Action()

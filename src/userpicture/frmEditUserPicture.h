@@ -34,12 +34,16 @@ public:
 
     void Event_Open() override;
     void Event_EnableMenuItems() override;
+    void Event_Help() override;
+    void Event_TakePicture(const std::optional<std::string>& bytes) override;
     void Timer1_Action();
     void Canvas1_Open();
     void Canvas1_Paint(Graphics& g);
     bool Canvas1_MouseDown(int x, int y);
     void Canvas1_MouseDrag(int x, int y);
     void Canvas1_MouseUp(int x, int y);
+    /// Lays the picture over the whole drawing; nil changes nothing. Takes no step of undo.
+    void LayOver(const Ref<Picture>& picture);
     bool _mnuOpenUserPicture_Action();
     bool _mnUPEditUndo_Action();
     bool _mnuClearDrawing_Action();

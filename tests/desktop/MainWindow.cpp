@@ -1,5 +1,8 @@
 #include "Person.h"
 
+#include "app/iniClass.h"
+#include "desktop/Folders.h"
+
 #include <QAbstractButton>
 #include <QAccessible>
 #include <QColorDialog>
@@ -12,6 +15,7 @@
 #include <QPlainTextEdit>
 #include <QScrollArea>
 #include <QScrollBar>
+
 
 using namespace quorrin;
 
@@ -124,6 +128,38 @@ TEST_F(MainWindow, TheMapIsWorkedByKeyboard)
     person.key(Qt::Key_F10, Qt::ShiftModifier);
     EXPECT_EQ(menu.count, 1);
     EXPECT_EQ(window.RightClickObject, window.mySquares(2, 1));
+}
+
+TEST_F(MainWindow, AnotherToolIsOneChordAwayFromTheMap)
+{
+    struct Browser : DesktopPlatform {
+        bool Launch(const FolderItem& file) override { return opened = file.Name(), true; }
+        std::string opened;
+    } browser;
+    widgetOf<QWidget>(window.Canvas1).setFocus(Qt::TabFocusReason);
+    const struct {
+        Qt::Key key;
+        Qt::KeyboardModifier modifier;
+        int tool;
+        const char* help;
+    } chords[] = {{Qt::Key_PageDown, Qt::ControlModifier, Window1::GridTool, "grid.html"},
+                  {Qt::Key_4, Qt::AltModifier, Window1::ObjectTool, "objects.html"},
+                  {Qt::Key_PageDown, Qt::ControlModifier, Window1::MarkerTool, "markers.html"},
+                  {Qt::Key_PageDown, Qt::ControlModifier, Window1::BackgroundTool, "background.html"},
+                  {Qt::Key_PageUp, Qt::ControlModifier, Window1::MarkerTool, "markers.html"},
+                  {Qt::Key_3, Qt::AltModifier, Window1::WallTool, "walls.html"}};
+    for (const auto& [key, modifier, tool, help] : chords) {
+        person.key(key, modifier);
+        EXPECT_EQ(window.TabPanel1.Value, tool) << help;
+        EXPECT_EQ(QApplication::focusWidget(), &widgetOf<QWidget>(window.Canvas1));
+        person.key(Qt::Key_F1);
+        EXPECT_EQ(browser.opened, help);
+    }
+    window.bbScriptTool.Push();
+    person.key(Qt::Key_F1);
+    EXPECT_EQ(browser.opened, "script.html");
+    person.key(Qt::Key_PageUp, Qt::ControlModifier);
+    EXPECT_EQ(window.TabPanel1.Value, Window1::GridTool) << "from the text, too";
 }
 
 TEST_F(MainWindow, MenusAtTheMouseShowWhatTheyAreGiven)
@@ -240,10 +276,25 @@ TEST_F(MainWindow, QuestionsAreAnsweredByEscapeAndReturn)
         save.emplace([&](QFileDialog& dialog) {
             EXPECT_EQ(dialog.nameFilters(), QStringList("Quorrin Maker Maker (*.qrnm)"));
             auto* name = dialog.findChild<QLineEdit*>("fileNameEdit");
-            name->setText(".qrnm");
-            QTest::keyClick(name, Qt::Key_Return);
-            EXPECT_TRUE(dialog.isVisible()) << "an extension is no name";
-            name->setText(QString::fromStdString(folder / "Dark.\"Cäve\""));
+            const QString typed = QString::fromStdString(folder.path);
+            const std::pair<QString, QString> refused[] = {
+                {".qrnm", "Please type a name for the file."},
+                {"  ", "Please type a name for the file."},
+                {typed + "/no/Map", "There is no folder \"" + typed + "/no\"."},
+                {"/proc/Map", "The folder \"/proc\" cannot be written to: "},
+            };
+            for (const auto& [text, reason] : refused) {
+                QString message;
+                Answer<QMessageBox> reader([&](QMessageBox& told) {
+                    message = told.text();
+                    told.accept();
+                });
+                name->setText(text);
+                QTest::keyClick(name, Qt::Key_Return);
+                EXPECT_TRUE(message.startsWith(reason)) << message.toStdString();
+                EXPECT_TRUE(dialog.isVisible());
+            }
+            name->setText(typed + "/Dark.\"Cäve\".qrnm ");
             QTest::keyClick(name, Qt::Key_Return);
         });
         QTest::keyClick(&box, Qt::Key_Return);
@@ -251,6 +302,40 @@ TEST_F(MainWindow, QuestionsAreAnsweredByEscapeAndReturn)
     EXPECT_TRUE(view.close());
     EXPECT_EQ(contentOf(folder / "Dark.'Cäve'.qrnm"), window.MapText());
     EXPECT_EQ(view.windowTitle(), "Quorrin Map Maker - Dark[*]");
+}
+
+TEST_F(MainWindow, AFileNameOfAnyBytesIsProposedAndReplaced)
+{
+    const std::string name = "Caf\xe9.qrnm";
+    writeFile(folder / name, window.MapText());
+    window.mOpen(folder.file(name));
+    EXPECT_EQ(view.windowTitle(), "Quorrin Map Maker - Café[*]");
+    rememberFolder(kindOfFile(".qrnm"), QString::fromStdString(folder / "any.qrnm"));
+    window.pmGrid.ListIndex = 4;
+    std::optional<Answer<QMessageBox>> question;
+    Answer<QFileDialog> save([&](QFileDialog& dialog) {
+        question.emplace([](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Return); });
+        QTest::keyClick(dialog.findChild<QLineEdit*>("fileNameEdit"), Qt::Key_Return);
+    });
+    person.key(Qt::Key_S, Qt::ControlModifier);
+    EXPECT_EQ(question->count, 1);
+    EXPECT_FALSE(window.isDirty);
+    EXPECT_TRUE(contentOf(folder / name) == window.MapText());
+}
+
+TEST_F(MainWindow, AnEndlessWordIsBrokenForTheEyeAlone)
+{
+    const std::string word(300'000, 'x');
+    window.txtGameText.Text = "short words\n" + word;
+    window.PagePanel1.Value = 1;
+    auto& area = widgetOf<QPlainTextEdit>(window.txtGameText);
+    area.setFocus();
+    area.repaint();
+    Person::type("y");
+    EXPECT_EQ(area.wordWrapMode(), QTextOption::WrapAnywhere);
+    EXPECT_EQ(window.myScript->GamtText, "yshort words\n" + word);
+    window.txtGameText.Text = "short words";
+    EXPECT_EQ(area.wordWrapMode(), QTextOption::WrapAtWordBoundaryOrAnywhere);
 }
 
 TEST_F(MainWindow, TheColourWellIsPressedByMouseAndKeyboard)
@@ -273,10 +358,38 @@ TEST_F(MainWindow, TheColourWellIsPressedByMouseAndKeyboard)
     }
 }
 
+TEST_F(MainWindow, EachKindOfFileHasItsFolderInTheNextRunToo)
+{
+    std::filesystem::create_directories(folder / "maps");
+    std::filesystem::create_directories(folder / "pictures");
+    const auto saved = [&](const char* command, const QString& path) {
+        QString start;
+        Answer<QFileDialog> save([&](QFileDialog& dialog) {
+            start = dialog.directory().path();
+            dialog.findChild<QLineEdit*>("fileNameEdit")->setText(path);
+            path.isEmpty() ? dialog.reject() : QTest::keyClick(&dialog, Qt::Key_Return);
+        });
+        window.ChooseMenu(command);
+        return start.toStdString();
+    };
+    saved("mnuSave", QString::fromStdString(folder / "maps/cave.qrnm"));
+    EXPECT_EQ(saved("mnuSavePicture", QString::fromStdString(folder / "pictures/cave.png")), folder / "maps")
+        << "that of the last file, for a kind that has none yet";
+    EXPECT_EQ(saved("mnuSave", {}), folder / "maps");
+    EXPECT_EQ(saved("mnuSavePicture", {}), folder / "pictures");
+    const iniClass kept(folder.file("quorrin-map-maker/folders.ini"));
+    std::string path;
+    EXPECT_GT(kept.GetPreference("Folders", "Maps", path), 0);
+    EXPECT_EQ(path, folder / "maps");
+    EXPECT_FALSE(folder.file("ZVKQuorrinMapMaker/QuorrinMapMaker.ini")->Exists()) << "the preferences hold the page setup";
+    std::filesystem::remove_all(folder / "maps");
+    EXPECT_EQ(saved("mnuSave", {}), folder / "pictures");
+}
+
 TEST_F(MainWindow, OnASmallScreenTheContentScrolls)
 {
     const QSize screen = view.screen()->availableSize();
-    ASSERT_LT(screen.width(), window.Width) << "the screen of these tests is meant to be small";
+    ASSERT_LT(screen.width(), window.Width) << "these tests want a small screen";
     EXPECT_TRUE(view.width() <= screen.width() && view.height() <= screen.height());
     auto* scroll = qobject_cast<QScrollArea*>(view.centralWidget());
     EXPECT_EQ(scroll->horizontalScrollBar()->maximum(), 1104 - scroll->viewport()->width());
