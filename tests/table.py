@@ -59,7 +59,9 @@ def filled_areas(pdf, page, color):
     tool("pdftocairo", "-svg", "-f", page, "-l", page, pdf, svg)
     for path in xml.parse(svg).iter("{http://www.w3.org/2000/svg}path"):
         fill = re.search(r"fill:rgb\(([\d.]+)%,([\d.]+)%,([\d.]+)%\)", path.get("style", ""))
-        if fill and path.get("d") and all(abs(float(part) * 2.55 - wanted) < 1 for part, wanted in zip(fill.groups(), color)):
+        if not fill or not path.get("d"):
+            continue
+        if all(abs(float(part) * 2.55 - wanted) < 1 for part, wanted in zip(fill.groups(), color)):
             numbers = [float(number) for number in re.findall(r"-?[\d.]+", path.get("d"))]
             yield min(numbers[0::2]), min(numbers[1::2]), max(numbers[0::2]), max(numbers[1::2])
 
@@ -86,7 +88,8 @@ def squares_are_exact(folder):
         run("print", "--square", square, *options, "-o", folder, plain_map(folder, portrait))
         pdf = folder / "Plain Map.pdf"
         info = tool("pdfinfo", pdf)
-        check(re.search(rf"^Pages: +{pages}$", info, re.M) and paper in info, f"{square} {options} is printed on {info}")
+        right = re.search(rf"^Pages: +{pages}$", info, re.M) and paper in info
+        check(right, f"{square} {options} is printed on {info}")
         for page in range(1, pages + 1):
             text = tool("pdftotext", "-f", page, "-l", page, pdf, "-")
             check(f"{page} of {pages}" in text, f"page {page} says {text}")
@@ -228,10 +231,12 @@ def thumbnails_are_small_or_none(folder):
     # The sanitizers claim more addresses than any limit allows.
     limit = "" if b"__asan_init" in companion.read_bytes() else "ulimit -v 2000000 -t 5; "
     whole = maps[1].read_bytes()
-    for damage in (b"", b"a letter", whole[:len(whole) // 3], b"\xfe" * 1000000, whole[:50] + bytes(range(256)) * 40000):
+    for damage in (b"", b"a letter", whole[:len(whole) // 3], b"\xfe" * 1000000,
+                   whole[:50] + bytes(range(256)) * 40000):
         (folder / "damaged.qrnm").write_bytes(damage)
-        done = subprocess.run(["bash", "-c", limit + 'exec "$@"', "bash", companion, "thumbnail", "-o",
-                               folder / "two.png", folder / "damaged.qrnm"], capture_output=True, check=False, timeout=60)
+        call = [companion, "thumbnail", "-o", folder / "two.png", folder / "damaged.qrnm"]
+        done = subprocess.run(["bash", "-c", limit + 'exec "$@"', "bash", *call], check=False, timeout=60,
+                              capture_output=True)
         check(done.returncode == 1 and not (folder / "two.png").exists(), f"status {done.returncode} of a damaged map")
 
 
