@@ -71,7 +71,8 @@ TEST_F(MapFile, ABlankMapHasTheDocumentedStartAndComesBackByteForByte)
 TEST_F(MapFile, EachValueGoesToItsPlaceAndBackFromBothEncodings)
 {
     const auto text = joined(sections());
-    for (const auto& form : {text, asUtf8(text)}) {
+    const std::string byteOrderMark = "\xEF\xBB\xBF";
+    for (const auto& form : {text, asUtf8(text), byteOrderMark + text, byteOrderMark + asUtf8(text)}) {
         window.Initialize();
         EXPECT_TRUE(open(form).empty());
         EXPECT_EQ(window.MapText(), text);
@@ -139,6 +140,11 @@ TEST_F(MapFile, WhatIsNoMapSaysSo)
         {with(0, "2" + F + "0" + F), readError},
         {with(0, "0" + F + "99999999999999999999" + F), readError},
         {with(1, "-2" + F + "0" + F), readError},
+        {with(0, "-1" + F + "0" + F), readError},
+        {with(0, "0" + F + "-1" + F), readError},
+        {with(1, "-1" + F + "0" + F), readError},
+        {with(3, "-1" + G + times(144, "0,0,0,0,0," + I)), readError},
+        {with(8, times(3, "0" + F + G) + "-1" + F + G), readError},
         {with(2, times(142, "0," + I)), readError},
         {with(3, "0" + G + times(143, "0,0,0,0,0," + I)), readError},
         {with(3, "0" + G + times(144, "0,0,0" + I)), readError},
@@ -152,6 +158,40 @@ TEST_F(MapFile, WhatIsNoMapSaysSo)
         EXPECT_EQ(open(content), std::vector{message}) << content.substr(0, 40);
         EXPECT_EQ(window.mySavedFileName, "Old");
     }
+}
+
+TEST_F(MapFile, OneThatIsTooLargeIsNotRead)
+{
+    window.pmGrid.ListIndex = 5;
+    writeFile(folder / "Large.qrnm", window.MapText());
+    std::filesystem::resize_file(folder / "Large.qrnm", (256 << 20) + 1); // takes no room on the disk
+    window.pmGrid.ListIndex = 6;
+    window.mOpen(folder.file("Large.qrnm"));
+    EXPECT_EQ(person.messages, std::vector{readError});
+    EXPECT_EQ(window.pmGrid.ListIndex, 6) << "the open map stays";
+    EXPECT_TRUE(window.isDirty);
+}
+
+TEST_F(MapFile, EqualIconsAreOnePictureAndTheirUnpackingHasAnEnd)
+{
+    const auto icons = [](const std::vector<std::string>& all) {
+        std::string section;
+        for (int n = 0; n < 20; ++n)
+            section += EncodeBase64(all[static_cast<std::size_t>(n) % all.size()], 76) + F;
+        return with(5, section);
+    };
+    EXPECT_TRUE(open(icons({bytesOf(New<Picture>(9, 9, 32)), "-5", "no picture"})).empty());
+    EXPECT_TRUE(window.myCharacters(1)->Icon && window.myCharacters(1)->Icon == window.myCharacters(19)->Icon);
+    EXPECT_FALSE(window.myCharacters(3)->Icon);
+    EXPECT_EQ(window.UnreadPictures, "Of these characters the picture cannot be read: 3, 6, 9, 12, 15, 18.");
+
+    std::vector<std::string> blank;
+    for (int n = 0; n < 20; ++n)
+        blank.push_back(bytesOf(New<Picture>(4096, 4095 - n, 32)));
+    EXPECT_TRUE(open(icons(blank)).empty());
+    EXPECT_TRUE(window.myCharacters(8)->Icon);
+    EXPECT_FALSE(window.myCharacters(20)->Icon);
+    EXPECT_EQ(window.myCharacters(20)->IconData, blank[19]) << "what is not shown is kept";
 }
 
 TEST_F(MapFile, AUserPictureComesBackAndOneThatIsNoneIsNil)

@@ -47,7 +47,8 @@ inline std::vector<PrintedImage> imagesOf(const std::string& pdf)
     PrintedImage image{};
     int length = 0;
     for (const char* at = list.c_str(); std::sscanf(at, "%d %d %d %d%n", &image.width, &image.height,
-                                                    &image.columnsPerInch, &image.rowsPerInch, &length) == 4;
+                                                    &image.columnsPerInch, &image.rowsPerInch, &length)
+                                        == 4;
          at += length)
         images.push_back(image);
     return images;

@@ -156,6 +156,29 @@ TEST(Pictures, DataThatIsNoPictureOrLiesAboutItsSizeIsRefused)
         EXPECT_FALSE(Picture::FromData(bytes)) << bytes.size();
 }
 
+TEST(Pictures, ThoseOfOddSizesAreTakenOrRefusedByTheirTrueSize)
+{
+    using Size = std::pair<std::int64_t, std::int64_t>;
+    const std::pair<const char*, Size> cases[] = {
+        // clang-format off
+        {"bitmap-upright.bmp", {3, 1}}, {"bitmap-top-down.bmp", {3, 1}}, {"bitmap-deep.bmp", {3, 3}},
+        {"bitmap-runs.bmp", {4096, 4096}}, {"bitmap-bomb-top-down.bmp", {}}, {"bitmap-runs-top-down.bmp", {}},
+        {"bitmap-bit.bmp", {}}, {"bitmap-short.bmp", {}}, {"bitmap-least.bmp", {}}, {"bitmap-negative-width.bmp", {}},
+        {"gif-plain.gif", {7, 5}}, {"gif-screen-larger.gif", {2000, 2000}}, {"gif-cut.gif", {4000, 4000}},
+        {"gif-screen-bomb.gif", {}}, {"gif-much-data.gif", {}}, {"gif-screen-disbelieved.gif", {}},
+        {"png-plain.png", {5, 3}}, {"png-interlaced.png", {20, 20}}, {"png-bit.png", {4096, 4096}}, {"png-negative.png", {}},
+        {"jpeg-plain-cmyk-progressive.jpg", {17, 9}}, {"jpeg-turned.jpg", {10, 30}}, {"jpeg-size-full.jpg", {}},
+        // clang-format on
+    };
+    for (const auto& [name, size] : cases) {
+        const auto bytes = contentOf(QUORRIN_SOURCE_DIR "/fuzz/corpus/Picture/" + std::string(name));
+        for (const std::int64_t mostPixels : {Picture::anyNumberOfPixels, std::int64_t{6000}}) {
+            const auto picture = Picture::FromData(bytes, mostPixels);
+            EXPECT_EQ(picture ? Size(picture->Width(), picture->Height()) : Size(), size) << name;
+        }
+    }
+}
+
 TEST(Files, AFileIsReplacedWholeOrNotAtAll)
 {
     const TestFolder folder;

@@ -238,7 +238,8 @@ TEST_F(Recovering, ADamagedCopyIsRefusedAndStays)
         std::string text;
         for (const auto& copy : copies())
             for (const auto& entry : fs::directory_iterator(copy))
-                if (copy.extension().empty() && entry.path().extension() == extension && entry.path().filename() != "lock")
+                if (copy.extension().empty() && entry.path().extension() == extension
+                    && entry.path().filename() != "lock")
                     writeFile(entry.path(), text = fault(contentOf(entry.path())));
         restart();
         offer(Answer::Action);

@@ -5,6 +5,7 @@
 #include <csignal>
 #include <functional>
 #include <sys/resource.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <thread>
 #include <unistd.h>
@@ -123,17 +124,57 @@ TEST_F(Saving, AFullDiskOrAFolderThatGoesLeavesNothingBehind)
     expectSilentRefusal();
 }
 
-TEST_F(Saving, AFolderThatTakesNoFilesIsRefusedInSilence)
+TEST_F(Saving, WhereNoFileCanBeReplacedItIsWrittenInPlaceOrRefusedInSilence)
 {
     ASSERT_TRUE(window.mSave());
-    for (const auto& [folders, files] : {std::pair{0555, 0666}, {0777, 0444}}) {
+    std::filesystem::create_directory(folder / "state");
+    std::filesystem::permissions(folder / "state", std::filesystem::perms(0777));
+    setenv("XDG_STATE_HOME", (folder / "state").c_str(), true);
+    const std::tuple<int, int, bool> cases[] = {{0555, 0666, true}, {0777, 0444, false}, {0555, 0444, false}};
+    for (const auto& [folders, files, isSaved] : cases) {
+        SCOPED_TRACE(files);
         std::filesystem::permissions(folder.path, std::filesystem::perms(folders));
         std::filesystem::permissions(folder / "Map.qrnm", std::filesystem::perms(files));
+        struct stat before {
+        }, after{};
+        stat((folder / "Map.qrnm").c_str(), &before);
         // As nobody, since the administrator may write everywhere.
-        const pid_t nobody = inOwnProcess([&] {
+        const pid_t nobody = inOwnProcess([&, isSaved = isSaved] {
             ASSERT_TRUE(geteuid() != 0 || setuid(65534) == 0);
-            expectSilentRefusal();
+            if (!isSaved)
+                return expectSilentRefusal();
+            for (const std::size_t length : {90'000, 10}) {
+                window.txtGameText.Text = std::string(length, 'x');
+                EXPECT_TRUE(window.ChooseMenu("mnuSave"));
+                EXPECT_FALSE(window.isDirty);
+                EXPECT_TRUE(file() == window.MapText());
+            }
+            // A file that cannot grow stays what it was.
+            const auto old = file();
+            const rlimit full{4096, 4096};
+            std::signal(SIGXFSZ, SIG_IGN);
+            window.txtGameText.Text = std::string(90'000, 'y');
+            setrlimit(RLIMIT_FSIZE, &full);
+            EXPECT_THROW(window.mSave(), IOException);
+            EXPECT_TRUE(file() == old);
         });
         EXPECT_EQ(resultOf(nobody), 0);
+        stat((folder / "Map.qrnm").c_str(), &after);
+        EXPECT_EQ(std::tuple(before.st_ino, before.st_uid, before.st_mode),
+                  std::tuple(after.st_ino, after.st_uid, after.st_mode));
+        EXPECT_TRUE(!isSaved || std::filesystem::is_empty(folder / "state/quorrin-map-maker/recovery"));
     }
+    std::filesystem::permissions(folder.path, std::filesystem::perms(0777));
+}
+
+TEST_F(Saving, AFileNameIsBytes)
+{
+    const std::string name = "Caf\xe9 \xc3\xa9\xf0\x9f\x97\xba.qrnm";
+    person.save = [&](const std::string&) { return folder.file(name); };
+    ASSERT_TRUE(window.mSave());
+    EXPECT_EQ(window.mySavedFileName + ".qrnm", name);
+    EXPECT_TRUE(contentOf(folder / name) == window.MapText());
+    window.pmGrid.ListIndex = 3;
+    window.mOpen(folder.file(name));
+    EXPECT_EQ(window.pmGrid.ListIndex, 0);
 }

@@ -10,8 +10,8 @@ using namespace quorrin;
 
 namespace {
 
-/// How the plain page and the averaged one differ: the largest difference of a channel, the mean, and the share of pixels
-/// that differ by more than 40.
+/// How the plain page and the averaged one differ: the largest difference of a channel, the mean, and the share of
+/// pixels that differ by more than 40.
 struct Difference {
     int largest = 0;
     double mean = 0;
@@ -45,8 +45,9 @@ protected:
     void addWalls(bool slanting)
     {
         for (int i = 1; i <= 8; ++i)
-            window.mySquares(i, 9 - i)->Wall = New<cWall>(i % 2 == 0, i % 3 == 0, i % 4 == 0, i == 7, slanting, slanting,
-                                                          i == 1, i == 2, i == 3, i == 5, RGB(120, 20, i * 20));
+            window.mySquares(i, 9 - i)->Wall =
+                New<cWall>(i % 2 == 0, i % 3 == 0, i % 4 == 0, i == 7, slanting, slanting, i == 1, i == 2, i == 3,
+                           i == 5, RGB(120, 20, i * 20));
     }
 };
 
@@ -64,7 +65,8 @@ TEST_F(SharpPages, EqualThePlainOneOnEverythingStraight)
             window.pmGrid.ListIndex = grid;
             window.cbShowClickable.Value = grid == 6;
             for (const int scale : {3, 4})
-                EXPECT_LE(difference(window.myImage, scale).largest, scale == 4 ? 0 : 1) << portrait << ", " << grid << ", " << scale;
+                EXPECT_LE(difference(window.myImage, scale).largest, scale == 4 ? 0 : 1)
+                    << portrait << ", " << grid << ", " << scale;
         }
     }
 }

@@ -35,6 +35,8 @@ TEST(Text, NumbersAtTheStartOfATextAreCutAndSaturated)
 TEST(Text, SplitKeepsEmptyPartsAndRefusesAnIndexBeyond)
 {
     EXPECT_EQ(Split("", ",").UBound(), -1);
+    EXPECT_EQ(Split("abc", "")(0) + ReplaceAll("abc", "", "x"), "abcabc");
+    EXPECT_EQ(Split("a,b,c", ",", 2).UBound(), 1);
     const auto parts = Split("a,,b,", ",");
     EXPECT_EQ(parts.UBound(), 3);
     EXPECT_EQ(parts(2) + parts(3), "b");

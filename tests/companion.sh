@@ -61,6 +61,17 @@ grep -qx 'empty.qrnm: Error opening file.' err || fail "no word of the empty fil
 grep -q '^missing.qrnm: ' err || fail "no word of the missing file"
 [ "$(ls -A some | wc -l)" = 4 ] || fail "something was written for a bad map"
 
+# A picture that cannot be read is told, whatever the libraries remark, and the rest is done; names are bytes.
+broken=$(printf 'Caf\351.qrnm')
+LC_ALL=C sed 's/\xbb/\xbbnone/3' "$sample" >"$broken"
+for command in upgrade export; do
+    status 0 "$program" $command -o warned "$broken"
+    grep -axq "$broken: The drawing cannot be read and is left out. Of these characters the picture cannot be read: 3." err && [ "$(wc -l <err)" = 1 ] || fail "no warning: $(cat err)"
+done
+[ -e "warned/$broken" ] && [ -e "warned/Quorrin Map ${broken%.qrnm}.png" ] || fail "the name is another"
+status 0 "$program" print -o warned "$broken"
+[ -e "warned/${broken%.qrnm} Map.pdf" ] || fail "no print of that name"
+
 # What would be lost is refused.
 cp "$sample" before
 status 1 "$program" upgrade -o . "$sample"

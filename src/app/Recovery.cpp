@@ -54,8 +54,8 @@ Choice askAbout(const std::vector<std::unique_ptr<RecoveryCopy>>& copies)
     const auto& about = copies.front()->About();
     MessageDialog question;
     question.Icon = MessageDialog::QuestionIcon;
-    question.Message = "Quorrin Map Maker ended before the changes to " + titleOf(about)
-                       + " were saved. A copy of " + timeOf(about) + " can be recovered.";
+    question.Message = "Quorrin Map Maker ended before the changes to " + titleOf(about) + " were saved. A copy of "
+                       + timeOf(about) + " can be recovered.";
     question.ActionButton = {"Recover", true};
     question.AlternateActionButton = {"Discard", true};
     question.CancelButton = {"Later", true};

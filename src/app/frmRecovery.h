@@ -19,7 +19,8 @@ public:
     Label Label1{surface(), {20, 16, 480, 20}, "Quorrin Map Maker ended before the changes to these maps were saved:"};
     ListBox ListBox1;
     PushButton btnDiscard{surface(), {20, 216, 110, 22}, "Discard", &frmRecovery::btnDiscard_Action};
-    PushButton btnLater{surface(), {270, 216, 110, 22}, "Later", &frmRecovery::btnLater_Action, PushButton::Role::Cancel};
+    PushButton btnLater{
+        surface(), {270, 216, 110, 22}, "Later", &frmRecovery::btnLater_Action, PushButton::Role::Cancel};
     PushButton btnRecover{
         surface(), {390, 216, 110, 22}, "Recover", &frmRecovery::btnRecover_Action, PushButton::Role::Default};
 

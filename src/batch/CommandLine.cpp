@@ -124,17 +124,19 @@ const Option options[] = {
              throw UsageError("-o needs a name");
          request.output = value.text;
      }},
-    {"jobs", 'j', true, allOfManyMaps, [](Request& request, const Value& value) { request.jobs = value.number(1, 256); }},
+    {"jobs", 'j', true, allOfManyMaps,
+     [](Request& request, const Value& value) { request.jobs = value.number(1, 256); }},
     {"set", 0, false, of(Command::Export), [](Request& request, const Value&) { request.pictureSet = true; }},
     {"scale", 0, true, of(Command::Export),
      [](Request& request, const Value& value) { request.scale = value.number(1, largestPictureScale); }},
-    {"board", 0, false, of(Command::Export, Command::Print), [](Request& request, const Value&) { request.board = true; }},
+    {"board", 0, false, of(Command::Export, Command::Print),
+     [](Request& request, const Value&) { request.board = true; }},
     {"cell", 0, true, of(Command::Export, Command::Vtt),
      [](Request& request, const Value& value) { request.cell = value.number(20, 512); }},
     {"what", 0, true, of(Command::Print),
      [](Request& request, const Value& value) {
-         request.what = value.choice<Print>(
-             "map, script or sheet", {{"map", Print::Map}, {"script", Print::Script}, {"sheet", Print::Sheet}});
+         request.what = value.choice<Print>("map, script or sheet",
+                                            {{"map", Print::Map}, {"script", Print::Script}, {"sheet", Print::Sheet}});
      }},
     {"square", 0, true, of(Command::Print),
      [](Request& request, const Value& value) { request.square = value.length(); }},
@@ -172,7 +174,8 @@ const Rule rules[] = {
     {Command::Export,
      [](const Request&, const Given& given) { return given.contains("board") != given.contains("cell"); },
      "--board and --cell N belong together"},
-    {Command::Export, [](const Request&, const Given& given) { return given.contains("board") && given.contains("scale"); },
+    {Command::Export,
+     [](const Request&, const Given& given) { return given.contains("board") && given.contains("scale"); },
      "--scale does not go with --board: --cell N says how many pixels there are"},
     {Command::Print,
      [](const Request& request, const Given&) { return request.square > 0 && request.what == Print::Script; },
@@ -185,8 +188,7 @@ const Rule rules[] = {
      "--board, --bw and --markers belong to prints of the map with --square LENGTH"},
     {Command::Print,
      [](const Request& request, const Given&) {
-         return request.square > 0 && request.what == Print::Sheet
-                && !stripSheet(request.square, 1, request.paper);
+         return request.square > 0 && request.what == Print::Sheet && !stripSheet(request.square, 1, request.paper);
      },
      "characters for squares of that size do not fit on the paper"},
 };

@@ -11,7 +11,6 @@
 #include "output/UniversalVtt.h"
 #include "toolkit/Printing.h"
 #include "toolkit/ScriptedPlatform.h"
-#include "toolkit/Text.h"
 
 #include <unistd.h>
 
@@ -218,7 +217,7 @@ std::vector<std::string> outputNames(const Request& request, const std::string& 
     }
 }
 
-void runJob(const Request& request, const std::string& map)
+std::string runJob(const Request& request, const std::string& map)
 {
     const auto names = outputNames(request, map);
     std::error_code ignored;
@@ -248,6 +247,7 @@ void runJob(const Request& request, const std::string& map)
     if (!platform.messages.empty())
         throw std::runtime_error(platform.messages.front());
     staging.publish(names);
+    return window.UnreadPictures;
 }
 
 void removeBegun(const Request& request, pid_t worker)

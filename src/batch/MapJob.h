@@ -18,8 +18,9 @@ std::filesystem::path targetFolder(const Request& request);
 std::vector<std::string> outputNames(const Request& request, const std::string& map);
 
 /// Works on one map as a freshly started program would that opens it, and puts the results in the request's folder,
-/// all of them or none. Raises std::exception with a sentence for the person.
-void runJob(const Request& request, const std::string& map);
+/// all of them or none. Gives a warning where they lack something that the map has. Raises std::exception with a
+/// sentence for the person.
+std::string runJob(const Request& request, const std::string& map);
 
 /// Held while the results of a map come into place, which takes a moment and must not be broken off.
 extern std::mutex publishing;

@@ -11,7 +11,6 @@
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
-#include <cstring>
 #include <filesystem>
 #include <map>
 #include <system_error>
@@ -122,12 +121,14 @@ void refuseSharedOutputs(const Request& request)
 Outcome outcomeOf(const Request& request, int map)
 {
     Outcome outcome{.map = map};
+    std::string message;
     try {
-        runJob(request, request.maps[static_cast<std::size_t>(map)]);
+        message = runJob(request, request.maps[static_cast<std::size_t>(map)]);
     } catch (const std::exception& error) {
         outcome.failed = true;
-        std::strncpy(outcome.message, error.what(), sizeof outcome.message - 1);
+        message = error.what();
     }
+    message.copy(outcome.message, sizeof outcome.message - 1);
     return outcome;
 }
 
@@ -236,10 +237,9 @@ bool runAll(const Request& request)
     for (Outcome outcome; outcomes.take(outcome); give()) {
         finished[static_cast<std::size_t>(outcome.map)] = true;
         progress.step();
-        if (outcome.failed) {
-            allWell = false;
+        allWell = allWell && !outcome.failed;
+        if (outcome.failed || outcome.message[0] != '\0')
             progress.tell(request.maps[static_cast<std::size_t>(outcome.map)], outcome.message);
-        }
     }
     for (const pid_t worker : workers)
         waitpid(worker, nullptr, 0);

@@ -3,7 +3,10 @@
 #include "desktop/QtText.h"
 #include "desktop/WidgetView.h"
 
+#include "toolkit/Text.h"
+
 #include <QAccessibleWidget>
+
 #include <QCheckBox>
 #include <QComboBox>
 #include <QFrame>
@@ -44,7 +47,8 @@ private:
 QAccessibleInterface* accessToLine(const QString&, QObject* object)
 {
     auto* frame = qobject_cast<QFrame*>(object);
-    return frame && frame->frameShape() == QFrame::HLine ? new QAccessibleWidget(frame, QAccessible::Separator) : nullptr;
+    return frame && frame->frameShape() == QFrame::HLine ? new QAccessibleWidget(frame, QAccessible::Separator)
+                                                         : nullptr;
 }
 
 class SeparatorView : public WidgetView {
@@ -221,6 +225,17 @@ void setText(QLineEdit& line, const QString& text)
     line.setCursorPosition(0);
 }
 
+/// Lines of a text with an endless word end anywhere; looking for the word's end at each takes minutes. The text is
+/// looked at before it is laid out.
+void breakEndlessWords(QPlainTextEdit& area)
+{
+    QObject::connect(area.document(), &QTextDocument::contentsChange, &area, [&area] {
+        area.setWordWrapMode(HasEndlessWord(area.document()->toRawText().toStdString())
+                                 ? QTextOption::WrapAnywhere
+                                 : QTextOption::WrapAtWordBoundaryOrAnywhere);
+    });
+}
+
 template <typename Edit>
 class TextView : public WidgetView {
 public:
@@ -252,6 +267,7 @@ std::unique_ptr<WidgetView> makeTextArea(TextArea& area, QWidget* parent)
     auto* edit = static_cast<QPlainTextEdit*>(view->Widget());
     edit->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
     edit->setTabChangesFocus(true);
+    breakEndlessWords(*edit);
     return view;
 }
 

@@ -18,10 +18,9 @@ bool desktopHasFileDialogs()
 
 bool lacksExtension(const QString& name, const QStringList& extensions)
 {
-    return !extensions.isEmpty()
-           && std::none_of(extensions.begin(), extensions.end(), [&](const QString& extension) {
-                  return name.endsWith(extension, Qt::CaseInsensitive);
-              });
+    return !extensions.isEmpty() && std::none_of(extensions.begin(), extensions.end(), [&](const QString& extension) {
+        return name.endsWith(extension, Qt::CaseInsensitive);
+    });
 }
 
 std::optional<QString> chosenForSaving(QFileDialog& dialog, const QStringList& extensions)

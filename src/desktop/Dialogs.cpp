@@ -5,6 +5,8 @@
 #include "desktop/Folders.h"
 #include "desktop/QtText.h"
 
+#include "toolkit/Errors.h"
+#include "toolkit/Files.h"
 #include "toolkit/QtBridge.h"
 
 #include <QApplication>
@@ -56,17 +58,42 @@ public:
 protected:
     void accept() override
     {
-        if (auto* name = findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))) {
-            name->setText(name->text().replace('"', '\''));
-            if (extensions_.contains(name->text().trimmed(), Qt::CaseInsensitive))
-                return;
-            if (isWithoutExtension(name->text()))
-                name->setText(name->text() + extensions_.constFirst());
+        if (auto* edit = findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))) {
+            QString name = edit->text().trimmed().replace('"', '\'');
+            if (name.isEmpty() || extensions_.contains(name, Qt::CaseInsensitive))
+                return quorrin::MsgBox("Please type a name for the file.");
+            if (isWithoutExtension(name))
+                name += extensions_.constFirst();
+            edit->setText(name);
         }
+        const QString chosen = selectedFiles().value(0);
+        if (!QFileInfo(chosen).isDir() && !(canBeWritten(chosen) && mayBeReplaced(chosen)))
+            return;
         QFileDialog::accept();
     }
 
 private:
+    /// Says what is in the way.
+    static bool canBeWritten(const QString& path)
+    {
+        std::string obstacle;
+        try {
+            if (TextOutputStream::Create(New<FolderItem>(QtBridge::plainPath(path)), obstacle))
+                return true;
+        } catch (const IOException& failure) {
+            obstacle = failure.what();
+        }
+        quorrin::MsgBox(obstacle);
+        return false;
+    }
+    /// Qt itself asks about all files but those that it does not find, whose names are no UTF-8.
+    bool mayBeReplaced(const QString& path)
+    {
+        const FolderItem file(QtBridge::plainPath(path));
+        return QFileInfo::exists(path) || !file.Exists()
+               || Confirmed(qtText(file.Name()).toStdString() + " already exists.\nDo you want to replace it?",
+                            "Replace");
+    }
     bool isWithoutExtension(const QString& name) const
     {
         if (name.isEmpty() || QFileInfo(directory(), name).isDir())
@@ -181,7 +208,7 @@ Ref<FolderItem> DesktopPlatform::GetOpenFolderItem(const FileFilter& filter)
 Ref<FolderItem> DesktopPlatform::GetSaveFolderItem(const FileFilter& filter, const std::string& defaultName,
                                                    std::size_t* chosenKind)
 {
-    const QString name = qtText(defaultName);
+    const QString name = QtBridge::qtPath(defaultName);
     QStringList extensions;
     for (const FileType& type : filter)
         extensions += extensionsOf(type);

@@ -53,8 +53,8 @@ FileKind kindOfFile(const QString& nameOrFilter)
 
 QString startFolder(FileKind kind)
 {
-    for (const QString& folder : {rememberedFolder(kind), lastFolder(),
-                                  QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation)})
+    for (const QString& folder :
+         {rememberedFolder(kind), lastFolder(), QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation)})
         if (!folder.isEmpty() && QFileInfo(folder).isDir())
             return folder;
     return QDir::homePath();

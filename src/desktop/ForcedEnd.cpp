@@ -76,6 +76,11 @@ ForcedEnd::ForcedEnd(Window1& window, const QWidget& view, Recovery& recovery)
     std::atexit(keepAtOnce);
     handlerBefore = qInstallMessageHandler(keepWhenWaylandGoes);
     connect(qApp, &QGuiApplication::commitDataRequest, this, &ForcedEnd::answer, Qt::DirectConnection);
+    // Without the options that Qt adds, which the program does not know.
+    connect(
+        qApp, &QGuiApplication::saveStateRequest, this,
+        [](QSessionManager& manager) { manager.setRestartCommand({QCoreApplication::applicationFilePath()}); },
+        Qt::DirectConnection);
     qApp->installEventFilter(this);
 }
 
@@ -92,8 +97,8 @@ void ForcedEnd::watchSignals()
     signals_.emplace(signalPipe[0], QSocketNotifier::Read);
     connect(&*signals_, &QSocketNotifier::activated, this, &ForcedEnd::endBySignal);
     for (const int number : {SIGTERM, SIGHUP, SIGINT}) {
-        struct sigaction before{};
-        struct sigaction ours{};
+        struct sigaction before {};
+        struct sigaction ours {};
         ours.sa_handler = tellSignal;
         ours.sa_flags = SA_RESETHAND | SA_RESTART;
         // Whoever started the program may have had it ignore some.

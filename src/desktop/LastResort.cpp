@@ -23,7 +23,7 @@ bool guarded(const std::function<void()>& handler, bool tells) noexcept
             reportFault(exception.what());
     } catch (...) {
         if (tells)
-            reportFault("Something went wrong that has no name.");
+            reportFault("Something went wrong. Your map is still open; save it under a new name to be safe.");
     }
     return false;
 }

@@ -36,7 +36,8 @@ void fillPopUp(QMenu& widget, const MenuItem& base, Entries& entries)
             QAction* action = widget.addAction(qtText(item->Text));
             action->setEnabled(item->Enabled);
             if (item->Icon) {
-                action->setIcon(QIcon(QPixmap::fromImage(QtBridge::drawnImage(*item->Icon, widget.devicePixelRatioF()))));
+                action->setIcon(
+                    QIcon(QPixmap::fromImage(QtBridge::drawnImage(*item->Icon, widget.devicePixelRatioF()))));
                 action->setIconVisibleInMenu(true);
             }
             entries[action] = item;

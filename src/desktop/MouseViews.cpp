@@ -27,8 +27,7 @@ QRect qtRect(const Frame& frame)
 /// A canvas is white paper, on dark desktops too.
 class CanvasWidget : public MouseWidget {
 public:
-    CanvasWidget(Canvas& canvas, QWidget* parent) : MouseWidget(canvas, QAccessible::Canvas, parent), canvas_(canvas)
-    {}
+    CanvasWidget(Canvas& canvas, QWidget* parent) : MouseWidget(canvas, QAccessible::Canvas, parent), canvas_(canvas) {}
 
     /// Tells what a canvas without places of its own shows, and whether it can be clicked.
     void Refresh()
@@ -179,7 +178,8 @@ private:
         const auto& cursor = canvas_.MouseCursor;
         if (cursor.Image)
             Widget()->setCursor(
-                QCursor(QPixmap::fromImage(QtBridge::drawnImage(*cursor.Image, Widget()->devicePixelRatioF())), cursor.HotX, cursor.HotY));
+                QCursor(QPixmap::fromImage(QtBridge::drawnImage(*cursor.Image, Widget()->devicePixelRatioF())),
+                        cursor.HotX, cursor.HotY));
     }
     Canvas& canvas_;
 };
@@ -188,7 +188,8 @@ private:
 class RectangleWidget : public MouseWidget {
 public:
     RectangleWidget(Rectangle& rectangle, QWidget* parent)
-        : MouseWidget(rectangle, rectangle.AnswersMouse() ? QAccessible::ColorChooser : QAccessible::Whitespace, parent),
+        : MouseWidget(rectangle, rectangle.AnswersMouse() ? QAccessible::ColorChooser : QAccessible::Whitespace,
+                      parent),
           rectangle_(rectangle)
     {}
 

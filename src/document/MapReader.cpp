@@ -22,11 +22,22 @@ std::int64_t integer(const std::string& text)
     return Int(Val(text));
 }
 
-/// Files of another writer have the four marks as two bytes of UTF-8 each, all of them or none.
+/// The row of a popup; no selection is none.
+std::int64_t row(const std::string& text)
+{
+    const auto number = integer(text);
+    if (number < 0)
+        throw OutOfBoundsException(number);
+    return number;
+}
+
+/// Files of another writer have the four marks as two bytes of UTF-8 each, all of them or none, and some a byte-order
+/// mark before them.
 std::string withSingleByteMarks(std::string text)
 {
+    constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
     std::size_t length = 0;
-    for (std::size_t at = 0; at < text.size(); ++at) {
+    for (std::size_t at = text.starts_with(byteOrderMark) ? byteOrderMark.size() : 0; at < text.size(); ++at) {
         const unsigned lead = static_cast<unsigned char>(text[at]);
         const unsigned trail = at + 1 < text.size() ? static_cast<unsigned char>(text[at + 1]) : 0;
         const bool wide =
@@ -68,28 +79,31 @@ void readWalls(const std::string& section, const Window1::Layer& squares)
 bool readPage(Window1& window, const std::string& section)
 {
     const auto fields = parts(section, Module1::sep);
-    window.pmLandscape.ListIndex = integer(fields(0));
+    window.pmLandscape.ListIndex = row(fields(0));
     if (fields.UBound() < 1)
         return false;
-    window.pmBackground.ListIndex = integer(fields(1));
+    window.pmBackground.ListIndex = row(fields(1));
     if (fields.UBound() >= 2)
         window.cbOverlayUserPict.Value = Val(fields(2)) != 0;
-    if (fields.UBound() >= 3)
+    if (fields.UBound() >= 3) {
         window.UserPicture = window.ConvertDataToPicture(fields(3));
+        if (!window.UserPicture && !Trim(fields(3)).empty())
+            window.UnreadPictures = "The drawing cannot be read and is left out.";
+    }
     return true;
 }
 
 void readGrid(Window1& window, const std::string& section)
 {
     const auto fields = parts(section, Module1::sep);
-    window.pmGrid.ListIndex = integer(fields(0));
+    window.pmGrid.ListIndex = row(fields(0));
     window.cbShowClickable.Value = Val(fields(1)) != 0;
 }
 
 void readBottomSquares(Window1& window, const std::string& section)
 {
     const auto groups = parts(section, GroupMark);
-    window.pmColorBW.ListIndex = integer(groups(0));
+    window.pmColorBW.ListIndex = row(groups(0));
     readSquares(groups(1), window.mySquares);
 }
 
@@ -120,6 +134,7 @@ void readIcons(Window1& window, const std::string& section)
     const auto fields = parts(Trim(section), Module1::sep);
     std::map<std::string_view, Ref<Picture>> loaded;
     std::int64_t excess = 0;
+    std::string unread;
     for (int n = 1; n <= Window1::characters; ++n) {
         cCharacter& character = *window.myCharacters(n);
         character.IconData = DecodeBase64(fields(n - 1));
@@ -131,7 +146,12 @@ void readIcons(Window1& window, const std::string& section)
             icon->second = character.Icon;
         }
         character.Icon = icon->second;
+        if (!character.Icon && !character.IconData.empty())
+            unread += (unread.empty() ? "" : ", ") + Str(n);
     }
+    if (!unread.empty())
+        window.UnreadPictures += (window.UnreadPictures.empty() ? "" : " ")
+                                 + ("Of these characters the picture cannot be read: " + unread + ".");
 }
 
 void readNumbers(Window1& window, const std::string& section)
@@ -148,13 +168,14 @@ void readBorders(Window1& window, const std::string& section)
                                  &window.pmBorderRight};
     std::int64_t n = 0;
     for (PopupMenu* popup : popups)
-        popup->ListIndex = integer(parts(groups(n++), Module1::sep)(0));
+        popup->ListIndex = row(parts(groups(n++), Module1::sep)(0));
 }
 
 } // namespace
 
 bool Window1::ReadMapText(const std::string& text)
 {
+    UnreadPictures.clear();
     const auto sections = parts(withSingleByteMarks(text), SectionMark);
     if (!readPage(*this, sections(0)))
         return false;

@@ -85,6 +85,8 @@ public:
     /// Takes the map from the whole text of a file; false when it is none of a map. Raises an exception when the text
     /// breaks off.
     bool ReadMapText(const std::string& text);
+    /// What the map that was opened last holds and nobody sees, as sentences: pictures that cannot be read.
+    std::string UnreadPictures;
     /// The whole text of the map file.
     std::string MapText() const;
     /// The map as it is now, but for its drawing, which is this one; nil for none.
@@ -207,7 +209,8 @@ public:
     void mSavePicture();
     bool _mnuSavePicture_Action();
     bool _mnuExportPictureSeries_Action();
-    /// The least pixels a unit that exported pictures have, 1 to 8. The person's choice of a file type may ask for more.
+    /// The least pixels a unit that exported pictures have, 1 to 8. The person's choice of a file type may ask for
+    /// more.
     int exportScale = 1;
     /// The pixels a square of exported pictures that are cut to the squares; 0 for the whole page.
     int exportCell = 0;

@@ -47,7 +47,7 @@ bool Window1::_mnuClearObjectCurLayer_Action()
 
 bool Window1::_mnuClearAllWalls_Action()
 {
-    // The question mark is missing on purpose.
+    // Without its question mark: kept, as people and scripts know the question by this text.
     if (!Confirmed("Clear All Walls This cannot be undone.", "Clear All Walls"))
         return true;
     forEachSquare(mySquares, [](cSquare& square) { square.Wall = New<cWall>(); });

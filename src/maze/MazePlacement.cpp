@@ -2,8 +2,8 @@
 #include "maze/mMaze.h"
 #include "toolkit/Platform.h"
 
-// Lays a maze on the map. The two kinds read the grid differently, and neither treats the sides of the page alike: all
-// of that is on purpose.
+// Lays a maze on the map. The two kinds read the grid differently, and neither treats the sides of the page alike: kept
+// so that mazes look as users know them.
 
 namespace quorrin {
 

@@ -54,7 +54,8 @@ void GenerateMaze()
 
     std::int64_t steps = 0;
     do {
-        // The last column and row are drawn half as often as the others; this is meant to stay.
+        // The last column and row are drawn half as often as the others; kept so that the same
+        // random numbers carve the same maze.
         COORDS current;
         current.X = even(random.InRange(2, MAZE_X - 1));
         current.Y = even(random.InRange(2, MAZE_Y - 1));

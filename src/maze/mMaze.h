@@ -30,7 +30,7 @@ extern std::int64_t LastDoorUsed;
 /// The size of the maze carved last, in positions; both odd.
 extern std::int64_t MAZE_X;
 extern std::int64_t MAZE_Y;
-/// How rarely the order of directions changes; at 0, where it stays on purpose, it is drawn anew at every step.
+/// How rarely the order of directions changes; at 0, the only value in use, it is drawn anew at every step.
 inline constexpr std::int64_t RANDOMISATION = 0;
 
 /// Carves a maze; an even size goes up by one. Without a new door the exit of the last maze is opened again. Raises

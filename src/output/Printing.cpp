@@ -51,7 +51,8 @@ std::string printTitle(const std::string& documentName, Print what)
     return {};
 }
 
-/// A portrait map is turned on a portrait page, too, and stretched back over it; kept for compatibility with existing maps.
+/// A portrait map is turned on a portrait page, too, and stretched back over it; kept for compatibility with existing
+/// maps.
 bool staysUpright(double pageWidth, double pageHeight, double width)
 {
     return pageHeight < pageWidth && pageHeight < width;

@@ -51,7 +51,7 @@ void Window1::PrintText(Graphics& g)
     for (const auto& page : pages) {
         if (page.afterNextPage)
             g.NextPage();
-        // Row 0 is the base line of the first line, so no more than its tails lie on the page.
+        // Row 0 is the baseline of the first line, so no more than its tails lie on the page.
         g.DrawString(page.text, 0, 0, width);
     }
 }

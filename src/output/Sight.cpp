@@ -21,9 +21,9 @@ struct Piece {
     bool cWall::*door;
 };
 constexpr Piece pieces[] = {
-    {0, 0, 1, 0, &cWall::Top, &cWall::DoorTop},       {0, 1, 1, 1, &cWall::Bottom, &cWall::DoorBottom},
-    {0, 0, 0, 1, &cWall::Left, &cWall::DoorLeft},     {1, 0, 1, 1, &cWall::Right, &cWall::DoorRight},
-    {0, 0, 1, 1, &cWall::Slash, nullptr},             {0, 1, 1, 0, &cWall::BackSlash, nullptr},
+    {0, 0, 1, 0, &cWall::Top, &cWall::DoorTop},   {0, 1, 1, 1, &cWall::Bottom, &cWall::DoorBottom},
+    {0, 0, 0, 1, &cWall::Left, &cWall::DoorLeft}, {1, 0, 1, 1, &cWall::Right, &cWall::DoorRight},
+    {0, 0, 1, 1, &cWall::Slash, nullptr},         {0, 1, 1, 0, &cWall::BackSlash, nullptr},
 };
 
 /// Objects that shine, by their rows in the catalogue.
@@ -66,8 +66,8 @@ std::map<Segment, bool> piecesOf(const Window1::Layer& squares, const Board& boa
             // A door alone is drawn with a bar along the whole edge.
             if (!door && !((*square.Wall).*piece.wall))
                 continue;
-            found[{{double(x + piece.fromX), double(y + piece.fromY)}, {double(x + piece.toX), double(y + piece.toY)}}]
-                |= door;
+            found[{{double(x + piece.fromX), double(y + piece.fromY)},
+                   {double(x + piece.toX), double(y + piece.toY)}}] |= door;
         }
     });
     return found;

@@ -52,8 +52,7 @@ void drawDown(Graphics& g, double x, double from, double to)
 void drawCropMarks(Graphics& g, const TiledPrint& tiles, const Area& picture, int column, int row)
 {
     const auto into = [](bool overlaps) { return overlaps ? TiledPrint::overlap / 2 : 0; };
-    for (const double x :
-         {picture.left + into(column > 0), picture.right - into(column + 1 < tiles.columns)}) {
+    for (const double x : {picture.left + into(column > 0), picture.right - into(column + 1 < tiles.columns)}) {
         drawDown(g, x, picture.top - markTo, picture.top - markFrom);
         drawDown(g, x, picture.bottom + markFrom, picture.bottom + markTo);
     }

@@ -10,7 +10,7 @@ namespace quorrin {
 /// The groups of the object menu.
 enum class Group { Terrain, Plants, Objects, Inventory, Buildings, Stairs, Weapons };
 
-/// How the drawing of an object departs from the common rule; all of these stand so in the design.
+/// How the drawing of an object departs from the common rule; kept for compatibility with existing maps.
 enum class Departure {
     None,
     /// The black and white picture is drawn with its white, which covers what lies below.

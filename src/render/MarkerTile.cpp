@@ -21,8 +21,8 @@ Ref<Picture> drawnMarker(std::int64_t markerNumber)
     const auto text = markerNumber == 1 ? "H" : Str(markerNumber - 1);
     const auto width = Int(g.StringWidth(text));
     const auto height = Int(g.StringHeight(text, 60));
-    // The baseline stands 10 above the bottom of a centred line of text. As a line has room for descenders, which digits
-    // lack, they stand a little above the ring's middle.
+    // The baseline stands 10 above the bottom of a centred line of text. As a line has room for descenders, which
+    // digits lack, they stand a little above the ring's middle.
     const auto x = (markerTileSize - width) / 2 + 1;
     const auto y = markerTileSize - (markerTileSize - height) / 2 - 10;
     g.DrawString(text, static_cast<double>(x), static_cast<double>(y));

@@ -22,7 +22,7 @@ struct GridLines {
     int left, top, right, bottom, lastX, lastY;
 };
 constexpr GridLines landscapeLines{6, 41, 750, 537, 756, 600};
-/// The horizontal lines end one pixel short of the last vertical one, on purpose.
+/// The horizontal lines end one pixel short of the last vertical one; kept so that pages stay the same to the pixel.
 constexpr GridLines portraitLines{37, 6, 532, 750, 576, 756};
 
 void drawColoredGrid(Graphics& g, Color color, const GridLines& lines)

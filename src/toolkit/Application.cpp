@@ -8,10 +8,10 @@ namespace quorrin {
 
 namespace {
 
-/// A machine without a session has no runtime folder, and a program without a screen needs none.
-void tellWarning(QtMsgType, const QMessageLogContext&, const QString& message)
+/// What Qt remarks on pictures and on the machine, which nobody at a terminal can do anything about, is dropped.
+void tellFailure(QtMsgType type, const QMessageLogContext&, const QString& message)
 {
-    if (!message.contains("XDG_RUNTIME_DIR"))
+    if (type == QtCriticalMsg || type == QtFatalMsg)
         std::fprintf(stderr, "%s\n", qPrintable(message));
 }
 
@@ -29,7 +29,7 @@ struct ScreenlessToolkit::Impl {
 
 ScreenlessToolkit::ScreenlessToolkit(int& argc, char** argv)
 {
-    qInstallMessageHandler(tellWarning);
+    qInstallMessageHandler(tellFailure);
     qputenv("QT_QPA_PLATFORM", "offscreen");
     impl_ = std::make_unique<Impl>(argc, argv);
     registerArt();

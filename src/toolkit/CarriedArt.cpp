@@ -14,8 +14,8 @@
 #include <optional>
 #include <vector>
 
-// A page's large form is a JPEG. Everything else is packed by tools/art/pack.py: width, height, channels, and the rows as
-// one zstd frame, which unpacks several times faster than a PNG.
+// A page's large form is a JPEG. Everything else is packed by tools/art/pack.py: width, height, channels, and the rows
+// as one zstd frame, which unpacks several times faster than a PNG.
 
 /// Finds the resources of the library that carries the art. The macro wants to stand outside of any namespace.
 static void initializeArt()

@@ -1,41 +1,161 @@
 #include "toolkit/Files.h"
 
 #include "toolkit/QtBridge.h"
+#include "toolkit/RecoveryCopy.h"
 
 #include <QCoreApplication>
-#include <QDir>
-#include <QFile>
-#include <QFileInfo>
-#include <QSaveFile>
 #include <QStandardPaths>
+#include <QStringDecoder>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <cstdio>
+#include <ctime>
+#include <filesystem>
+#include <random>
+#include <system_error>
+
+// Paths are bytes, and not all of them are UTF-8; so files are worked on by the system's own calls.
 
 namespace quorrin {
+
+namespace fs = std::filesystem;
 
 namespace {
 
 /// Beyond anything that the program reads; a larger file would only take the memory away.
-constexpr qint64 largestFile = 1 << 30;
+constexpr off_t largestFile = 256 << 20;
+
+std::string textOf(int error)
+{
+    return std::generic_category().message(error);
+}
+
+/// An open file of the system.
+class Handle {
+public:
+    Handle() = default;
+    Handle(const std::string& path, int flags, mode_t mode = 0) : number_(open(path.c_str(), flags | O_CLOEXEC, mode))
+    {}
+    Handle(Handle&& other) noexcept : number_(std::exchange(other.number_, -1)) {}
+    Handle& operator=(Handle&& other) noexcept
+    {
+        std::swap(number_, other.number_);
+        return *this;
+    }
+    ~Handle()
+    {
+        if (number_ >= 0)
+            close(number_);
+    }
+    bool isOpen() const { return number_ >= 0; }
+    int number() const { return number_; }
+
+private:
+    int number_ = -1;
+};
+
+/// False, and errno says why, when not all could be written.
+bool writeAll(const Handle& file, std::string_view bytes)
+{
+    while (!bytes.empty()) {
+        const auto written = write(file.number(), bytes.data(), bytes.size());
+        if (written < 0 && errno != EINTR)
+            return false;
+        bytes.remove_prefix(static_cast<std::size_t>(std::max<ssize_t>(written, 0)));
+    }
+    return true;
+}
+
+bool isFolder(const std::string& path)
+{
+    std::error_code ignored;
+    return fs::is_directory(path, ignored);
+}
+
+std::string folderOf(const std::string& path)
+{
+    const auto folder = fs::path(path).parent_path().string();
+    return folder.empty() ? "." : folder;
+}
+
+/// Where a path leads; the last link need not lead to anything.
+std::string linkTarget(fs::path path)
+{
+    std::error_code failure;
+    for (int links = 0; links < 40 && fs::is_symlink(path, failure); ++links)
+        path = path.parent_path() / fs::read_symlink(path, failure);
+    return path.string();
+}
+
+std::string unusedName()
+{
+    char name[32];
+    std::snprintf(name, sizeof name, ".quorrin-%08x%08x", std::random_device()(), std::random_device()());
+    return name;
+}
+
+bool isNoRoom(int error)
+{
+    return error == ENOSPC || error == EDQUOT;
+}
+
+/// Takes a byte that is no UTF-8 to a half of a surrogate pair, which no other text has, and back.
+constexpr char16_t firstByteMark = 0xDC00;
 
 } // namespace
 
 QString QtBridge::qtPath(const std::string& path)
 {
-    return QFile::decodeName(QByteArray::fromStdString(path));
+    QString result;
+    for (std::size_t at = 0; at < path.size();) {
+        std::size_t length = 0;
+        QString character;
+        do {
+            QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
+            ++length;
+            character = decoder.decode(QByteArrayView(path.data() + at, static_cast<qsizetype>(length)));
+            if (decoder.hasError())
+                character.clear();
+        } while (character.isEmpty() && length < 4 && at + length < path.size());
+        if (character.isEmpty()) {
+            character = QChar(static_cast<char16_t>(firstByteMark + static_cast<unsigned char>(path[at])));
+            length = 1;
+        }
+        result += character;
+        at += length;
+    }
+    return result;
 }
 
 std::string QtBridge::plainPath(const QString& path)
 {
-    return QFile::encodeName(path).toStdString();
+    std::string result;
+    for (qsizetype at = 0; at < path.size(); ++at) {
+        const char16_t unit = path[at].unicode();
+        if (path[at].isHighSurrogate() && at + 1 < path.size() && path[at + 1].isLowSurrogate())
+            result += path.mid(at++, 2).toStdString();
+        else if (unit >= firstByteMark + 0x80 && unit <= firstByteMark + 0xFF)
+            result += static_cast<char>(unit - firstByteMark);
+        else
+            result += QString(path[at]).toStdString();
+    }
+    return result;
 }
 
 std::string FolderItem::Name() const
 {
-    return QtBridge::plainPath(QFileInfo(QtBridge::qtPath(path_)).fileName());
+    return fs::path(path_).filename().string();
 }
 
 bool FolderItem::Exists() const
 {
-    return QFileInfo::exists(QtBridge::qtPath(path_));
+    std::error_code ignored;
+    return fs::exists(path_, ignored);
 }
 
 Ref<FolderItem> FolderItem::Child(std::string_view name) const
@@ -45,11 +165,13 @@ Ref<FolderItem> FolderItem::Child(std::string_view name) const
 
 void FolderItem::CreateAsFolder() const
 {
-    QDir().mkpath(QtBridge::qtPath(path_));
+    std::error_code ignored;
+    fs::create_directories(path_, ignored);
 }
 
 struct TextInputStream::Impl {
-    QFile file;
+    Handle file;
+    std::size_t size;
 };
 
 TextInputStream::TextInputStream(std::unique_ptr<Impl> impl) : impl_(std::move(impl))
@@ -59,23 +181,32 @@ TextInputStream::~TextInputStream() = default;
 
 Ref<TextInputStream> TextInputStream::Open(const Ref<FolderItem>& file)
 {
-    if (!file || !QFileInfo(QtBridge::qtPath(file->Path())).isFile())
+    struct stat state {};
+    if (!file || stat(file->Path().c_str(), &state) != 0 || !S_ISREG(state.st_mode))
         return nullptr;
-    auto impl = std::make_unique<Impl>();
-    impl->file.setFileName(QtBridge::qtPath(file->Path()));
-    if (!impl->file.open(QIODevice::ReadOnly))
+    if (state.st_size > largestFile)
+        throw IOException("The file is too large.");
+    Handle handle(file->Path(), O_RDONLY);
+    if (!handle.isOpen())
         return nullptr;
-    return New<TextInputStream>(std::move(impl));
+    return New<TextInputStream>(
+        std::make_unique<Impl>(Impl{std::move(handle), static_cast<std::size_t>(state.st_size)}));
 }
 
 std::string TextInputStream::ReadAll()
 {
-    if (impl_->file.size() > largestFile)
-        throw IOException("The file is too large.");
-    const QByteArray bytes = impl_->file.readAll();
-    if (impl_->file.error() != QFileDevice::NoError)
-        throw IOException("The file cannot be read: " + impl_->file.errorString().toStdString());
-    return bytes.toStdString();
+    std::string bytes(impl_->size, '\0');
+    std::size_t length = 0;
+    while (length < bytes.size()) {
+        const auto got = read(impl_->file.number(), bytes.data() + length, bytes.size() - length);
+        if (got == 0)
+            break;
+        if (got < 0 && errno != EINTR)
+            throw IOException("The file cannot be read: " + textOf(errno));
+        length += static_cast<std::size_t>(std::max<ssize_t>(got, 0));
+    }
+    bytes.resize(length);
+    return bytes;
 }
 
 std::optional<std::string> readFile(const Ref<FolderItem>& file)
@@ -87,13 +218,118 @@ try {
 }
 
 struct TextOutputStream::Impl {
-    QSaveFile file;
-    [[noreturn]] void fail() const
+    /// Links followed.
+    std::string path;
+    /// The file beside it that takes its place; empty when it is written in place.
+    std::string part;
+    Handle file;
+    std::string content;
+
+    ~Impl()
     {
-        throw IOException("The file \"" + QFileInfo(file.fileName()).fileName().toStdString()
-                          + "\" cannot be written: " + file.errorString().toStdString());
+        if (!part.empty())
+            unlink(part.c_str());
     }
+
+    [[noreturn]] void fail(int error, const std::string& more = {}) const
+    {
+        throw IOException("The file \"" + FolderItem(path).Name() + "\" cannot be written: " + textOf(error) + more);
+    }
+
+    bool open(std::string& obstacle);
+    bool replace();
+    std::unique_ptr<RecoveryCopy> recoveryCopy() const;
+    void writeInPlace() const;
 };
+
+bool TextOutputStream::Impl::open(std::string& obstacle)
+{
+    const auto name = FolderItem(path).Name();
+    const auto folder = folderOf(path);
+    struct stat state {};
+    const bool exists = stat(path.c_str(), &state) == 0;
+    if (!isFolder(folder)) {
+        obstacle = "There is no folder \"" + folder + "\".";
+    } else if (exists && !S_ISREG(state.st_mode)) {
+        obstacle = "\"" + name + "\" is not a file that can be replaced.";
+    } else if (exists && access(path.c_str(), W_OK) != 0) {
+        obstacle = "The file \"" + name + "\" cannot be replaced: " + textOf(errno);
+    } else {
+        part = folder + "/" + unusedName();
+        file = Handle(part, O_WRONLY | O_CREAT | O_EXCL, 0666);
+        if (file.isOpen())
+            return true;
+        part.clear();
+        if (isNoRoom(errno))
+            fail(errno);
+        if (exists)
+            return true;
+        obstacle = "The folder \"" + folder + "\" cannot be written to: " + textOf(errno);
+    }
+    return false;
+}
+
+/// False when the folder lets no other file take this one's place.
+bool TextOutputStream::Impl::replace()
+{
+    // Closing alone does not notice that the disk took only a part.
+    if (!writeAll(file, content) || fsync(file.number()) != 0)
+        fail(errno);
+    struct stat old {};
+    const bool exists = stat(path.c_str(), &old) == 0;
+    if (exists) {
+        // Only the administrator can leave a file to somebody else.
+        if (fchown(file.number(), old.st_uid, old.st_gid) != 0)
+            errno = 0;
+        fchmod(file.number(), old.st_mode & 07777);
+    }
+    if (rename(part.c_str(), path.c_str()) != 0) {
+        if (exists && (errno == EACCES || errno == EPERM || errno == EBUSY))
+            return false;
+        fail(errno);
+    }
+    part.clear();
+    const Handle folder(folderOf(path), O_RDONLY | O_DIRECTORY);
+    if (folder.isOpen())
+        fsync(folder.number());
+    return true;
+}
+
+std::unique_ptr<RecoveryCopy> TextOutputStream::Impl::recoveryCopy() const
+{
+    auto copy = RecoveryCopy::Create();
+    try {
+        copy->Write({FolderItem(path).Name(), fs::absolute(path).string(), std::time(nullptr)},
+                    [this](const RecoveryCopy::Sink& take) { take(content); });
+    } catch (const IOException&) {
+        copy->Remove();
+        throw;
+    }
+    return copy;
+}
+
+void TextOutputStream::Impl::writeInPlace() const
+{
+    const auto copy = recoveryCopy();
+    const auto size = static_cast<off_t>(content.size());
+    const Handle target(path, O_WRONLY);
+    struct stat old {};
+    if (!target.isOpen() || fstat(target.number(), &old) != 0) {
+        const int error = errno;
+        copy->Remove();
+        fail(error);
+    }
+    // Room is made first, so that a full disk leaves the old content whole.
+    if (const int error = size > old.st_size ? posix_fallocate(target.number(), 0, size) : 0;
+        isNoRoom(error) || error == EFBIG) {
+        static_cast<void>(!ftruncate(target.number(), old.st_size));
+        copy->Remove();
+        fail(error);
+    }
+    if (!writeAll(target, content) || ftruncate(target.number(), size) != 0 || fsync(target.number()) != 0)
+        fail(errno, ". A whole copy is kept in \"" + copy->Path() + "\".");
+    copy->Remove();
+}
 
 TextOutputStream::TextOutputStream(std::unique_ptr<Impl> impl) : impl_(std::move(impl))
 {}
@@ -102,26 +338,30 @@ TextOutputStream::~TextOutputStream() = default;
 
 Ref<TextOutputStream> TextOutputStream::Create(const Ref<FolderItem>& file)
 {
+    std::string ignored;
+    return Create(file, ignored);
+}
+
+Ref<TextOutputStream> TextOutputStream::Create(const Ref<FolderItem>& file, std::string& obstacle)
+{
     if (!file)
         return nullptr;
     auto impl = std::make_unique<Impl>();
-    impl->file.setFileName(QtBridge::qtPath(file->Path()));
-    if (!impl->file.open(QIODevice::WriteOnly))
+    impl->path = linkTarget(file->Path());
+    if (!impl->open(obstacle))
         return nullptr;
     return New<TextOutputStream>(std::move(impl));
 }
 
 void TextOutputStream::Write(std::string_view bytes)
 {
-    if (impl_->file.write(bytes.data(), static_cast<qint64>(bytes.size())) != static_cast<qint64>(bytes.size()))
-        impl_->fail();
+    impl_->content += bytes;
 }
 
 void TextOutputStream::Close()
 {
-    // Committing alone does not notice that the disk took only a part of the last bytes.
-    if (!impl_->file.flush() || !impl_->file.commit())
-        impl_->fail();
+    if (impl_->part.empty() || !impl_->replace())
+        impl_->writeInPlace();
 }
 
 Ref<FolderItem> SpecialFolder::ApplicationData()

@@ -31,7 +31,7 @@ private:
 /// Reads a file as the bytes that it holds.
 class TextInputStream {
 public:
-    /// Nil when `file` is nil or cannot be opened for reading.
+    /// Nil when `file` is nil or cannot be opened for reading. Raises IOException for one of more than 256 MB.
     static Ref<TextInputStream> Open(const Ref<FolderItem>& file);
     ~TextInputStream();
     TextInputStream(const TextInputStream&) = delete;
@@ -51,18 +51,20 @@ private:
 std::optional<std::string> readFile(const Ref<FolderItem>& file);
 
 /// Writes a file as a whole: the old content stays until Close has put the whole new content safely on disk, and
-/// stays for good when the stream is dropped before. Links are followed and permissions kept.
+/// stays for good when the stream is dropped before. Links are followed and permissions kept. Where a file may be
+/// written but not replaced, it is written in place, after a recovery copy of the new content is safe on disk.
 class TextOutputStream {
 public:
-    /// Nil when `file` is nil or cannot be created.
+    /// Nil when `file` is nil or cannot be created. Raises IOException when the disk is full.
     static Ref<TextOutputStream> Create(const Ref<FolderItem>& file);
+    /// The same, and tells what is in the way.
+    static Ref<TextOutputStream> Create(const Ref<FolderItem>& file, std::string& obstacle);
     ~TextOutputStream();
     TextOutputStream(const TextOutputStream&) = delete;
     TextOutputStream& operator=(const TextOutputStream&) = delete;
 
-    /// Raises IOException when the bytes cannot be written.
     void Write(std::string_view bytes);
-    /// Raises IOException when the file cannot be replaced.
+    /// Raises IOException when the file cannot be written.
     void Close();
 
     struct Impl;

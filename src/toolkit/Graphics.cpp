@@ -141,8 +141,8 @@ void Graphics::DrawPicture(const Ref<Picture>& picture, double x, double y)
     if (source->isClear())
         return;
     const QRectF whole = wholePart(*source);
-    device_->draw(PictureStep{source, placed(*device_, x, y, whole.width(), whole.height()), whole,
-                              PictureStep::Fit::Natural});
+    device_->draw(
+        PictureStep{source, placed(*device_, x, y, whole.width(), whole.height()), whole, PictureStep::Fit::Natural});
 }
 
 void Graphics::DrawPicture(const Ref<Picture>& picture, double x, double y, double destWidth, double destHeight,
@@ -152,8 +152,7 @@ void Graphics::DrawPicture(const Ref<Picture>& picture, double x, double y, doub
     if (source->isClear())
         return;
     const QRectF part(bounded(sourceX), bounded(sourceY), bounded(sourceWidth), bounded(sourceHeight));
-    device_->draw(
-        PictureStep{source, placed(*device_, x, y, destWidth, destHeight), part, PictureStep::Fit::Scaled});
+    device_->draw(PictureStep{source, placed(*device_, x, y, destWidth, destHeight), part, PictureStep::Fit::Scaled});
 }
 
 void Graphics::DrawObject(const PixmapShape& shape, double x, double y)
@@ -167,10 +166,9 @@ void Graphics::DrawObject(const PixmapShape& shape, double x, double y)
     const double degrees = exact ? std::round(quarters) * 90 : shape.Rotation * 180 / std::numbers::pi;
     const QRectF whole = wholePart(*source);
     const QSizeF turned = QTransform().rotate(degrees).mapRect(whole).size();
-    device_->draw(PictureStep{source,
-                              placed(*device_, x - turned.width() / 2, y - turned.height() / 2, turned.width(),
-                                     turned.height()),
-                              whole, PictureStep::Fit::Turned, degrees, shape.UpsideDown});
+    device_->draw(PictureStep{
+        source, placed(*device_, x - turned.width() / 2, y - turned.height() / 2, turned.width(), turned.height()),
+        whole, PictureStep::Fit::Turned, degrees, shape.UpsideDown});
 }
 
 void Graphics::DrawString(std::string_view text, double x, double y, double wrapWidth)

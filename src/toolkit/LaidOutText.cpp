@@ -1,5 +1,7 @@
 #include "toolkit/LaidOutText.h"
 
+#include "toolkit/Text.h"
+
 #include <QGlyphRun>
 #include <QPainter>
 #include <QRawFont>
@@ -72,7 +74,11 @@ void LaidOutText::addParagraph(const QString& paragraph, const QFont& font, doub
 {
     QTextLayout& layout = paragraphs_.emplace_back(paragraph, font);
     QTextOption option;
-    option.setWrapMode(wrapWidth > 0 ? QTextOption::WrapAtWordBoundaryOrAnywhere : QTextOption::ManualWrap);
+    if (wrapWidth > 0)
+        option.setWrapMode(HasEndlessWord(paragraph.toStdString()) ? QTextOption::WrapAnywhere
+                                                                   : QTextOption::WrapAtWordBoundaryOrAnywhere);
+    else
+        option.setWrapMode(QTextOption::ManualWrap);
     // Only a text that wraps has a right edge at which Hebrew or Arabic could stand.
     if (wrapWidth > 0 && paragraph.isRightToLeft())
         option.setAlignment(Qt::AlignRight | Qt::AlignAbsolute);

@@ -105,10 +105,10 @@ QRect pixelsOfPart(const PictureStep& step, const QImage& image)
 QImage turned(const QImage& image, const PictureStep& step)
 {
     const bool quarters = std::fmod(step.degrees, 90) == 0;
-    const QImage result = step.degrees == 0 ? image
-                                            : image.transformed(QTransform().rotate(step.degrees),
-                                                                quarters ? Qt::FastTransformation
-                                                                         : Qt::SmoothTransformation);
+    const QImage result = step.degrees == 0
+                              ? image
+                              : image.transformed(QTransform().rotate(step.degrees),
+                                                  quarters ? Qt::FastTransformation : Qt::SmoothTransformation);
     return step.upsideDown ? result.mirrored(false, true) : result;
 }
 
@@ -195,9 +195,10 @@ void useUnitsOf(const PictureStep& step, QPainter& painter)
 void paintPixelsOnPaper(const PictureSource& source, QPainter& painter)
 {
     const double density = paperPixelsPerUnit(painter);
-    const QImage all = source.allPixels(static_cast<int>(std::clamp(std::ceil(density), 1.0, double(largestPictureScale))));
-    const QTransform toPixels =
-        QTransform::fromScale(double(all.width()) / source.size().width(), double(all.height()) / source.size().height());
+    const auto scale = static_cast<int>(std::clamp(std::ceil(density), 1.0, double(largestPictureScale)));
+    const QImage all = source.allPixels(scale);
+    const QSizeF size = source.size();
+    const auto toPixels = QTransform::fromScale(all.width() / size.width(), all.height() / size.height());
     const QRect pixels = toPixels.mapRect(painter.clipBoundingRect()).toAlignedRect() & all.rect();
     if (pixels.isEmpty())
         return;
@@ -244,9 +245,8 @@ void carryOut(const Step& step, const Surface& surface)
 
 QImage withSize(const QImage& image, QSize size)
 {
-    return image.isNull() || image.size() == size
-               ? image
-               : image.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    return image.isNull() || image.size() == size ? image
+                                                  : image.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
 }
 
 } // namespace quorrin

@@ -43,7 +43,7 @@ public:
     /// The picture that the program carries under this name, nil when there is none.
     static Ref<Picture> OpenFromApp(std::string_view name);
 
-    /// The picture in an image file, nil when it cannot be read or claims a size that its bytes cannot honestly hold.
+    /// The picture in an image file, nil when it cannot be read or claims a size that its bytes cannot hold.
     static Ref<Picture> Open(const Ref<FolderItem>& file);
 
     /// The same from the bytes of an image file. A picture of more than `mostPixels` keeps its size, but is drawn from

@@ -35,7 +35,7 @@ qint64 pixelsOf(QSize size)
     return qint64(size.width()) * size.height();
 }
 
-qint64 honestBytes(qint64 fileBytes)
+qint64 plausibleBytes(qint64 fileBytes)
 {
     return std::min(alwaysAllowedBytes + fileBytes * pixelBytesPerFileByte, mostBytes);
 }
@@ -43,7 +43,7 @@ qint64 honestBytes(qint64 fileBytes)
 bool isHonest(QSize size, qint64 fileBytes, qint64 bytesPerPixel)
 {
     return size.width() <= largestSide && size.height() <= largestSide
-           && pixelsOf(size) * bytesPerPixel <= honestBytes(fileBytes);
+           && pixelsOf(size) * bytesPerPixel <= plausibleBytes(fileBytes);
 }
 
 /// A PNG without its texts, which may unpack to a thousand times their size and which nobody reads.
@@ -177,15 +177,16 @@ QSize downsampled(QSize size, std::int64_t mostPixels)
     return (QSizeF(size) * std::sqrt(double(mostPixels) / double(pixelsOf(size)))).toSize().expandedTo({1, 1});
 }
 
-/// The whole image made smaller. Of one with transparency Qt would make another first.
+/// The whole image made smaller. Qt would make another whole one first where there is transparency.
 QImage downsampled(QImage&& image, std::int64_t mostPixels)
 {
     const QSize size = downsampled(image.size(), mostPixels);
-    if (image.format() == QImage::Format_RGBA64)
+    const QImage::Format format = image.format();
+    if (format == QImage::Format_RGBA64)
         image.convertTo(QImage::Format_RGBA64_Premultiplied);
-    else if (image.format() == QImage::Format_ARGB32)
+    else if (format == QImage::Format_ARGB32)
         image.convertTo(QImage::Format_ARGB32_Premultiplied);
-    return image.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    return image.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation).convertToFormat(format);
 }
 
 /// The bytes of an image file as they are decoded, and their format.
@@ -235,7 +236,7 @@ DecodedPicture decodedPicture(const std::string& bytes, std::int64_t mostPixels)
         return {};
     // Holds for the image that is really made, which need not have the size that the reader tells before: that of a
     // bitmap from top to bottom is none, that of a GIF is its first frame's and not its screen's.
-    QImageReader::setAllocationLimit(static_cast<int>(honestBytes(fileBytes) >> 20) * (isDeep ? 2 : 1));
+    QImageReader::setAllocationLimit(static_cast<int>(plausibleBytes(fileBytes) >> 20) * (isDeep ? 2 : 1));
     const bool samplesWhileDecoding = source.format == "jpeg" || (isPng && !isDeep && !png.interlaced);
     if (isLarge && samplesWhileDecoding) {
         const bool turned = reader.transformation() & QImageIOHandler::TransformationRotate90;

@@ -18,7 +18,7 @@ struct DecodedPicture {
 };
 
 /// The picture in the bytes of an image file. One of more than `mostPixels` is downsampled to about that many. Nothing
-/// when the bytes claim a size that they cannot honestly hold.
+/// when the bytes claim a size that they cannot hold.
 DecodedPicture decodedPicture(const std::string& bytes, std::int64_t mostPixels);
 
 } // namespace quorrin

@@ -25,11 +25,13 @@ constexpr int mostDepth = 12;
 
 using LargerKey = std::pair<std::uint64_t, int>;
 
-/// Pictures at larger scales; those that were not asked for longest go first.
+/// Pictures at larger scales; those that were not asked for longest go first. They outlive all static pictures, which
+/// take themselves out when the program ends.
 QCache<LargerKey, QImage>& largerPictures()
 {
     constexpr int budgetKilobytes = 160 << 10;
-    static QCache<LargerKey, QImage> pictures(budgetKilobytes);
+    // Never destroyed: shared pictures that live longer would ask for it at their end.
+    static auto& pictures = *new QCache<LargerKey, QImage>(budgetKilobytes);
     return pictures;
 }
 
@@ -109,7 +111,8 @@ Drawing::Drawing(QSize size, QImage pixels, std::shared_ptr<const std::string> f
 
 Drawing::Drawing(const Drawing& other)
     : PictureSource(other), origin_(other.origin_), opaque_(other.opaque_), artName_(other.artName_),
-      file_(other.file_), steps_(other.steps_), depth_(other.depth_), plain_(other.plain_), painted_(other.painted_), id_(newId())
+      file_(other.file_), steps_(other.steps_), depth_(other.depth_), plain_(other.plain_), painted_(other.painted_),
+      id_(newId())
 {}
 
 Drawing::~Drawing()

@@ -11,8 +11,8 @@
 
 namespace quorrin {
 
-/// Where the pixels of a picture come from. It never changes once somebody else holds it, so a step that draws a picture
-/// keeps showing what the picture was when it was drawn.
+/// Where the pixels of a picture come from. It never changes once somebody else holds it, so a step that draws a
+/// picture keeps showing what the picture was when it was drawn.
 class PictureSource {
 public:
     virtual ~PictureSource() = default;
@@ -56,7 +56,8 @@ public:
     Drawing(QSize size, bool opaque);
     /// A picture that the program carries.
     Drawing(std::string artName, QSize size, bool opaque);
-    /// Pixels, as many as the image has. Where the image file that they come from has more, its bytes are kept for paper.
+    /// Pixels, as many as the image has. Where the image file that they come from has more, its bytes are kept for
+    /// paper.
     Drawing(QSize size, QImage pixels, std::shared_ptr<const std::string> file = nullptr);
 
     Drawing(const Drawing& other);

@@ -1,17 +1,17 @@
 #include "toolkit/Printing.h"
 
 #include "toolkit/Errors.h"
+#include "toolkit/Files.h"
 #include "toolkit/Platform.h"
 #include "toolkit/QtBridge.h"
 
-#include <QFile>
+#include <QBuffer>
 #include <QFileInfo>
 #include <QMap>
 #include <QPageLayout>
 #include <QPagedPaintDevice>
 #include <QPainter>
 #include <QPdfWriter>
-#include <QSaveFile>
 
 #include <algorithm>
 #include <cmath>
@@ -69,22 +69,28 @@ private:
 
 using Failed = std::function<void(const std::string& fault)>;
 
-/// The same, over a file that is replaced at the end.
+/// The same, collected for a file that is replaced at the end.
 class PdfDevice : public PageDevice {
 public:
-    PdfDevice(std::unique_ptr<QSaveFile> file, std::unique_ptr<QPagedPaintDevice> writer, Failed failed)
-        : PageDevice(std::move(writer)), file_(std::move(file)), failed_(std::move(failed))
+    PdfDevice(Ref<TextOutputStream> file, std::unique_ptr<QBuffer> pages, std::unique_ptr<QPagedPaintDevice> writer,
+              Failed failed)
+        : PageDevice(std::move(writer)), file_(std::move(file)), pages_(std::move(pages)), failed_(std::move(failed))
     {}
     ~PdfDevice() override
     {
         finish();
-        if (!(file_->flush() && file_->commit()) && failed_)
-            failed_("The file \"" + QFileInfo(file_->fileName()).fileName().toStdString()
-                    + "\" cannot be written: " + file_->errorString().toStdString());
+        try {
+            file_->Write({pages_->data().constData(), static_cast<std::size_t>(pages_->size())});
+            file_->Close();
+        } catch (const IOException& failure) {
+            if (failed_)
+                failed_(failure.what());
+        }
     }
 
 private:
-    std::unique_ptr<QSaveFile> file_;
+    Ref<TextOutputStream> file_;
+    std::unique_ptr<QBuffer> pages_;
     Failed failed_;
 };
 
@@ -190,16 +196,19 @@ PrinterSetup setupOfWholePaper(const std::string& paper, bool landscape)
 
 std::unique_ptr<Graphics> printToPdf(const std::string& path, const PrinterSetup& setup, int copies, Failed failed)
 {
-    auto file = std::make_unique<QSaveFile>(QtBridge::qtPath(path));
-    if (!file->open(QIODevice::WriteOnly))
-        throw IOException("The file \"" + QFileInfo(file->fileName()).fileName().toStdString()
-                          + "\" cannot be created: " + file->errorString().toStdString());
-    auto writer = std::make_unique<QPdfWriter>(file.get());
+    const auto item = New<FolderItem>(path);
+    std::string obstacle;
+    auto file = TextOutputStream::Create(item, obstacle);
+    if (!file)
+        throw IOException("The file \"" + item->Name() + "\" cannot be created. " + obstacle);
+    auto pages = std::make_unique<QBuffer>();
+    pages->open(QIODevice::WriteOnly);
+    auto writer = std::make_unique<QPdfWriter>(pages.get());
     writer->setCreator(QStringLiteral("Quorrin Map Maker"));
-    writer->setTitle(QFileInfo(file->fileName()).completeBaseName());
+    writer->setTitle(QFileInfo(QtBridge::qtPath(item->Name())).completeBaseName());
     QtBridge::applySetup(setup, *writer);
-    auto graphics =
-        std::make_unique<Graphics>(std::make_unique<PdfDevice>(std::move(file), std::move(writer), std::move(failed)));
+    auto graphics = std::make_unique<Graphics>(
+        std::make_unique<PdfDevice>(std::move(file), std::move(pages), std::move(writer), std::move(failed)));
     graphics->Copies = std::max(1, copies);
     return graphics;
 }

@@ -49,8 +49,8 @@ struct QtBridge {
     static Ref<Picture> picture(std::shared_ptr<Drawing> drawing);
     /// The bytes of a PNG file of the image. Raises IOException for an image without pixels.
     static std::string png(const QImage& image);
-    /// The bytes of a JPEG file of the image in full colour (4:4:4), `quality` from 1 to 100. Raises IOException when it
-    /// cannot be encoded.
+    /// The bytes of a JPEG file of the image in full colour (4:4:4), `quality` from 1 to 100. Raises IOException when
+    /// it cannot be encoded.
     static std::string jpeg(const QImage& image, int quality);
 
     /// A surface on a painter that somebody else keeps open, `width` by `height` units.

@@ -195,7 +195,7 @@ bool RecoveryCopy::readNote()
     const auto content = readFile(New<FolderItem>(file(noteName))).value_or("");
     const auto fields = Split(content, fieldEnd);
     if (fields.UBound() != noteFields) {
-        struct stat folder{};
+        struct stat folder {};
         stat(path_.c_str(), &folder);
         note_.Time = folder.st_mtime;
         return exists(file(noteName)) || exists(file(textNames[0])) || exists(file(textNames[1]));
@@ -220,8 +220,7 @@ void RecoveryCopy::Write(const Note& note, const std::function<void(const Sink&)
         sum = libdeflate_crc32(sum, piece.data(), piece.size());
     });
     WholeFile about(file(noteName));
-    for (const auto& field :
-         {note.Name, note.File, Str(note.Time), name, std::to_string(bytes), std::to_string(sum)})
+    for (const auto& field : {note.Name, note.File, Str(note.Time), name, std::to_string(bytes), std::to_string(sum)})
         about.Write(field + fieldEnd);
     text.Finish();
     about.Finish();

@@ -53,7 +53,8 @@ bool ScriptedPlatform::PageSetupDialog(PrinterSetup& setup)
     return pageSetup && pageSetup(setup);
 }
 
-std::unique_ptr<Graphics> ScriptedPlatform::OpenPrinterDialog(const PrinterSetup& setup, Window&, const std::string& title)
+std::unique_ptr<Graphics> ScriptedPlatform::OpenPrinterDialog(const PrinterSetup& setup, Window&,
+                                                              const std::string& title)
 {
     proposedNames.push_back(title);
     return printer ? printer(setup) : nullptr;

@@ -104,7 +104,8 @@ TextList Split(std::string_view text, std::string_view delimiter, std::size_t mo
     if (text.empty())
         return TextList(std::move(parts));
     for (;;) {
-        const auto end = text.find(delimiter);
+        // Nothing between two characters divides nothing.
+        const auto end = delimiter.empty() ? text.npos : text.find(delimiter);
         parts.emplace_back(text.substr(0, end));
         if (end == text.npos || parts.size() >= mostParts)
             return TextList(std::move(parts));
@@ -142,11 +143,23 @@ std::string Lowercase(std::string_view text)
     return lower;
 }
 
+bool HasEndlessWord(std::string_view text)
+{
+    constexpr std::size_t longest = 4000;
+    for (std::size_t start = 0; text.size() - start > longest;) {
+        const auto end = text.substr(start, longest + 1).find_last_of(blanks);
+        if (end == text.npos)
+            return true;
+        start += end + 1;
+    }
+    return false;
+}
+
 std::string ReplaceAll(std::string_view text, std::string_view wanted, std::string_view replacement)
 {
     std::string result;
     for (;;) {
-        const auto found = text.find(wanted);
+        const auto found = wanted.empty() ? text.npos : text.find(wanted);
         result += text.substr(0, found);
         if (found == text.npos)
             return result;

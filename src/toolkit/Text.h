@@ -60,6 +60,9 @@ std::int64_t Len(std::string_view text);
 /// The text with A to Z in lower case; other bytes stay.
 std::string Lowercase(std::string_view text);
 
+/// Whether the text has a word so long that whoever breaks lines must not look for its end.
+bool HasEndlessWord(std::string_view text);
+
 /// The text with every occurrence replaced.
 std::string ReplaceAll(std::string_view text, std::string_view wanted, std::string_view replacement);
 

@@ -1,6 +1,7 @@
 #include "Person.h"
 
 #include "app/iniClass.h"
+#include "desktop/Folders.h"
 
 #include <QAbstractButton>
 #include <QAccessible>
@@ -274,10 +275,25 @@ TEST_F(MainWindow, QuestionsAreAnsweredByEscapeAndReturn)
         save.emplace([&](QFileDialog& dialog) {
             EXPECT_EQ(dialog.nameFilters(), QStringList("Quorrin Maker Maker (*.qrnm)"));
             auto* name = dialog.findChild<QLineEdit*>("fileNameEdit");
-            name->setText(".qrnm");
-            QTest::keyClick(name, Qt::Key_Return);
-            EXPECT_TRUE(dialog.isVisible()) << "an extension is no name";
-            name->setText(QString::fromStdString(folder / "Dark.\"Cäve\""));
+            const QString typed = QString::fromStdString(folder.path);
+            const std::pair<QString, QString> refused[] = {
+                {".qrnm", "Please type a name for the file."},
+                {"  ", "Please type a name for the file."},
+                {typed + "/no/Map", "There is no folder \"" + typed + "/no\"."},
+                {"/proc/Map", "The folder \"/proc\" cannot be written to: "},
+            };
+            for (const auto& [text, reason] : refused) {
+                QString message;
+                Answer<QMessageBox> reader([&](QMessageBox& told) {
+                    message = told.text();
+                    told.accept();
+                });
+                name->setText(text);
+                QTest::keyClick(name, Qt::Key_Return);
+                EXPECT_TRUE(message.startsWith(reason)) << message.toStdString();
+                EXPECT_TRUE(dialog.isVisible());
+            }
+            name->setText(typed + "/Dark.\"Cäve\".qrnm ");
             QTest::keyClick(name, Qt::Key_Return);
         });
         QTest::keyClick(&box, Qt::Key_Return);
@@ -285,6 +301,40 @@ TEST_F(MainWindow, QuestionsAreAnsweredByEscapeAndReturn)
     EXPECT_TRUE(view.close());
     EXPECT_EQ(contentOf(folder / "Dark.'Cäve'.qrnm"), window.MapText());
     EXPECT_EQ(view.windowTitle(), "Quorrin Map Maker - Dark[*]");
+}
+
+TEST_F(MainWindow, AFileNameOfAnyBytesIsProposedAndReplaced)
+{
+    const std::string name = "Caf\xe9.qrnm";
+    writeFile(folder / name, window.MapText());
+    window.mOpen(folder.file(name));
+    EXPECT_EQ(view.windowTitle(), "Quorrin Map Maker - Café[*]");
+    rememberFolder(kindOfFile(".qrnm"), QString::fromStdString(folder / "any.qrnm"));
+    window.pmGrid.ListIndex = 4;
+    std::optional<Answer<QMessageBox>> question;
+    Answer<QFileDialog> save([&](QFileDialog& dialog) {
+        question.emplace([](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Return); });
+        QTest::keyClick(dialog.findChild<QLineEdit*>("fileNameEdit"), Qt::Key_Return);
+    });
+    person.key(Qt::Key_S, Qt::ControlModifier);
+    EXPECT_EQ(question->count, 1);
+    EXPECT_FALSE(window.isDirty);
+    EXPECT_TRUE(contentOf(folder / name) == window.MapText());
+}
+
+TEST_F(MainWindow, AnEndlessWordIsBrokenForTheEyeAlone)
+{
+    const std::string word(300'000, 'x');
+    window.txtGameText.Text = "short words\n" + word;
+    window.PagePanel1.Value = 1;
+    auto& area = widgetOf<QPlainTextEdit>(window.txtGameText);
+    area.setFocus();
+    area.repaint();
+    Person::type("y");
+    EXPECT_EQ(area.wordWrapMode(), QTextOption::WrapAnywhere);
+    EXPECT_EQ(window.myScript->GamtText, "yshort words\n" + word);
+    window.txtGameText.Text = "short words";
+    EXPECT_EQ(area.wordWrapMode(), QTextOption::WrapAtWordBoundaryOrAnywhere);
 }
 
 TEST_F(MainWindow, TheColourWellIsPressedByMouseAndKeyboard)
@@ -330,7 +380,8 @@ TEST_F(MainWindow, EachKindOfFileHasItsFolderInTheNextRunToo)
     std::string path;
     EXPECT_GT(kept.GetPreference("Folders", "Maps", path), 0);
     EXPECT_EQ(path, folder / "maps");
-    EXPECT_FALSE(folder.file("ZVKQuorrinMapMaker/QuorrinMapMaker.ini")->Exists()) << "the preferences hold the page setup";
+    EXPECT_FALSE(folder.file("ZVKQuorrinMapMaker/QuorrinMapMaker.ini")->Exists())
+        << "the preferences hold the page setup";
     std::filesystem::remove_all(folder / "maps");
     EXPECT_EQ(saved("mnuSave", {}), folder / "pictures");
 }
@@ -338,7 +389,7 @@ TEST_F(MainWindow, EachKindOfFileHasItsFolderInTheNextRunToo)
 TEST_F(MainWindow, OnASmallScreenTheContentScrolls)
 {
     const QSize screen = view.screen()->availableSize();
-    ASSERT_LT(screen.width(), window.Width) << "the screen of these tests is meant to be small";
+    ASSERT_LT(screen.width(), window.Width) << "these tests want a small screen";
     EXPECT_TRUE(view.width() <= screen.width() && view.height() <= screen.height());
     auto* scroll = qobject_cast<QScrollArea*>(view.centralWidget());
     EXPECT_EQ(scroll->horizontalScrollBar()->maximum(), 1104 - scroll->viewport()->width());
