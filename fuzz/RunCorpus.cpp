@@ -33,7 +33,7 @@ int main(int argc, char** argv)
             std::ostringstream content;
             content << std::ifstream(entry.path(), std::ios::binary).rdbuf();
             const std::string bytes = content.str();
-            const long before = processorSeconds();
+            [[maybe_unused]] const long before = processorSeconds();
             LLVMFuzzerTestOneInput(reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size());
             ++files;
 #ifndef __SANITIZE_ADDRESS__
