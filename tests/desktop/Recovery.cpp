@@ -64,7 +64,7 @@ TEST_F(RecoveryOnTheDesktop, AListAsksAboutSeveralMaps)
         frmRecovery list({"one", "two", "three"});
         Answer<QMainWindow> choose([&, key = key](QMainWindow&) {
             auto& rows = widgetOf<QListWidget>(list.ListBox1);
-            EXPECT_EQ(QApplication::focusWidget(), &rows);
+            EXPECT_TRUE(QTest::qWaitFor([&] { return QApplication::focusWidget() == &rows; }, 2000));
             QTest::keyClick(&rows, Qt::Key_Down);
             EXPECT_EQ(rows.currentItem()->text(), "two");
             QTest::keyClick(&rows, key);
