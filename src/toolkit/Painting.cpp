@@ -142,7 +142,13 @@ void paintOnScreen(const PictureStep& step, const Surface& surface)
     const QImage image = shownPixels(step, pictureScale(step, surface.scale), device.size());
     if (image.isNull() || device.isEmpty())
         return;
-    surface.painter.drawImage(toDevice.inverted().mapRect(QRectF(device)), withSize(image, device.size()));
+    QPainter& painter = surface.painter;
+    const QTransform fromWorld = painter.worldTransform().inverted() * toDevice;
+    const QTransform world = painter.worldTransform();
+    // Counted in the pixels of the screen, so that these go as they are.
+    painter.setWorldTransform(QTransform::fromTranslate(device.x(), device.y()) * fromWorld.inverted());
+    painter.drawImage(0, 0, withSize(image, device.size()));
+    painter.setWorldTransform(world);
 }
 
 /// JPEG suits what has very many colours and spoils line art.

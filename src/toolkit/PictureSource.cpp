@@ -123,8 +123,12 @@ Drawing::~Drawing()
 
 bool Drawing::coversAll(const Step& step) const
 {
-    const auto* fill = std::get_if<FillStep>(&step);
-    return fill && fill->color.alpha() == 255 && fill->area.contains(QRectF(QPointF(0, 0), size()));
+    const QRectF all(QPointF(0, 0), size());
+    if (const auto* fill = std::get_if<FillStep>(&step))
+        return fill->color.alpha() == 255 && fill->area.contains(all);
+    const auto* picture = std::get_if<PictureStep>(&step);
+    return picture && picture->fit == PictureStep::Fit::Natural && picture->source->isOpaque()
+           && picture->target.contains(all);
 }
 
 void Drawing::draw(Step step)
@@ -169,7 +173,8 @@ QImage Drawing::blank(int scale) const
     if (size().isEmpty())
         return {};
     QImage image(size() * scale, opaque_ ? QImage::Format_RGB32 : QImage::Format_ARGB32_Premultiplied);
-    image.fill(opaque_ ? Qt::white : Qt::transparent);
+    if (steps_.empty() || !coversAll(steps_.front()))
+        image.fill(opaque_ ? Qt::white : Qt::transparent);
     return image;
 }
 

@@ -33,6 +33,9 @@ public:
     /// Carries out on paper, in units, what was drawn; false where there are only pixels.
     virtual bool replay(const Surface&) const { return false; }
 
+    /// Whether it hides all that lies below it.
+    virtual bool isOpaque() const { return false; }
+
     /// Whether nothing of it would be seen.
     virtual bool isClear() const { return size_.isEmpty(); }
 
@@ -63,7 +66,7 @@ public:
     Drawing(const Drawing& other);
     ~Drawing() override;
 
-    bool isOpaque() const { return opaque_; }
+    bool isOpaque() const override { return opaque_; }
     bool isPixels() const { return origin_ == Origin::Pixels; }
 
     void draw(Step step);
