@@ -12,8 +12,10 @@ void Window1::PushButton2_Action()
     Module1::gPicture = UserPicture ? copyOf(UserPicture) : New<Picture>(myImage->Width(), myImage->Height());
     RenderMap(true);
     frmEditUserPicture().ShowModal();
-    if (Module1::gPicture)
+    if (Module1::gPicture) {
         UserPicture = copyOf(Module1::gPicture);
+        UserPicture->KeepPixels();
+    }
     RenderMap(true);
     isDirty = true;
 }
