@@ -46,7 +46,7 @@ add_custom_command(
 set_source_files_properties(${art_object} PROPERTIES EXTERNAL_OBJECT ON GENERATED ON)
 add_library(quorrin_art SHARED ${art_object})
 set_target_properties(quorrin_art PROPERTIES OUTPUT_NAME quorrin-art LINKER_LANGUAGE CXX)
-target_link_libraries(quorrin_art PRIVATE Qt6::Core)
+target_link_libraries(quorrin_art PRIVATE Qt6::Core quorrin_options)
 
 # Gives the pictures to TARGET and lets it include ArtPictures.inc.
 function(quorrin_add_art TARGET)

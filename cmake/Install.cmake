@@ -8,9 +8,22 @@ set(packaging_build ${CMAKE_BINARY_DIR}/packaging)
 set(app_id org.quorrin.MapMaker)
 set(app_data ${CMAKE_INSTALL_DATADIR}/quorrin-map-maker)
 
-# The library with the pictures is nobody else's, so it lies in a folder of the program's own.
+# Manual pages and metainfo bear the date of the version.
+set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/CHANGELOG.md ${packaging}/debian/control)
+file(STRINGS ${PROJECT_SOURCE_DIR}/CHANGELOG.md release_date REGEX "^## ${PROJECT_VERSION} \\(.*\\)$")
+string(REGEX REPLACE ".*\\((.*)\\)" "\\1" release_date "${release_date}")
+if(NOT release_date)
+  message(FATAL_ERROR "CHANGELOG.md has no heading with version ${PROJECT_VERSION} and its date")
+endif()
+
+# The library with the pictures is nobody else's, so it lies in a folder of the program's own. Were that straight under lib,
+# cpack would let the package call ldconfig.
 set(art_library_folder ${CMAKE_INSTALL_LIBDIR}/quorrin-map-maker)
-file(RELATIVE_PATH to_art_library ${CMAKE_INSTALL_FULL_BINDIR} ${CMAKE_INSTALL_FULL_LIBDIR}/quorrin-map-maker)
+if(CMAKE_LIBRARY_ARCHITECTURE AND CMAKE_INSTALL_LIBDIR STREQUAL lib)
+  set(art_library_folder lib/${CMAKE_LIBRARY_ARCHITECTURE}/quorrin-map-maker)
+endif()
+cmake_path(ABSOLUTE_PATH art_library_folder BASE_DIRECTORY ${CMAKE_INSTALL_PREFIX} OUTPUT_VARIABLE art_library_place)
+file(RELATIVE_PATH to_art_library ${CMAKE_INSTALL_FULL_BINDIR} ${art_library_place})
 set_target_properties(quorrin-map-maker quorrin-map-batch PROPERTIES INSTALL_RPATH $ORIGIN/${to_art_library})
 install(TARGETS quorrin-map-maker quorrin-map-batch)
 install(TARGETS quorrin_art LIBRARY DESTINATION ${art_library_folder})
@@ -60,10 +73,9 @@ install(FILES ${packaging}/quorrin-map-batch.bash-completion
 
 # The papers that Debian asks for.
 set(app_doc ${CMAKE_INSTALL_DATADIR}/doc/quorrin-map-maker)
-configure_file(${packaging}/changelog.in ${packaging_build}/changelog @ONLY)
-install_compressed(${packaging_build}/changelog ${app_doc} changelog)
+install_compressed(${packaging}/debian/changelog ${app_doc} changelog)
 install_compressed(${PROJECT_SOURCE_DIR}/CHANGELOG.md ${app_doc} NEWS)
-install(FILES ${packaging}/copyright DESTINATION ${app_doc})
+install(FILES ${packaging}/debian/copyright DESTINATION ${app_doc})
 
 add_custom_target(packaging ALL DEPENDS ${packaging_outputs})
 
@@ -71,17 +83,11 @@ set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME quorrin-map-maker)
 set(CPACK_PACKAGE_CONTACT "The Quorrin Map Maker makers <support@quorrin.example>")
 set(CPACK_PACKAGE_HOMEPAGE_URL https://quorrin.example)
-set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "make one-page maps for tabletop role-playing games")
-set(CPACK_PACKAGE_DESCRIPTION "\
-Quorrin Map Maker makes a map of one page from ground, grid, borders, walls,
-doors and 123 hand-drawn objects, with numbered markers for the Dungeon
-Master, a script and paper characters to cut out and fold. Maps come out as
-pictures and prints, with the secrets and without.
-.
-The command-line companion quorrin-map-batch exports and prints whole
-folders of maps, in true size for the table and for virtual table tops.")
+file(READ ${packaging}/debian/control control)
+string(REGEX MATCH "\nDescription: ([^\n]*)\n(.*)\n" description "${control}")
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "${CMAKE_MATCH_1}")
+string(REGEX REPLACE "(^|\n) " "\\1" CPACK_PACKAGE_DESCRIPTION "${CMAKE_MATCH_2}")
 set(CPACK_PACKAGE_DIRECTORY ${CMAKE_BINARY_DIR})
-set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
     OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
 set(CPACK_STRIP_FILES ON)
@@ -92,4 +98,9 @@ set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${CMAKE_BINARY_DIR})
 # The font of every text that the program draws.
 set(CPACK_DEBIAN_PACKAGE_DEPENDS fonts-dejavu-core)
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "qt6-wayland, xdg-utils")
+
+# The source archive holds what git holds.
+set(CPACK_SOURCE_GENERATOR TXZ)
+set(CPACK_SOURCE_PACKAGE_FILE_NAME quorrin-map-maker-${PROJECT_VERSION})
+set(CPACK_SOURCE_IGNORE_FILES "/\\\\.git(/|$)" "${CMAKE_SOURCE_DIR}/build[^/]*/" "/art-preview/" "/__pycache__/")
 include(CPack)

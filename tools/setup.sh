@@ -2,15 +2,16 @@
 
 say() { printf '== %s\n' "$*"; }
 
-missing_packages() {
-    sed 's/#.*//' packages.txt | tr -s ' \t' '\n' | sed '/^$/d' | while read -r package; do
+missing_packages() { # missing_packages SECTION...
+    awk -v sections=" $* " '/^\[/ { wanted = index(sections, " " substr($1, 2, length($1) - 2) " "); next }
+                            wanted && /^[^#]/' packages.txt | while read -r package; do
         dpkg-query -W -f '${Status}' "$package" 2>/dev/null | grep -q 'ok installed' || echo "$package"
     done
 }
 
-install_packages() {
+install_packages() { # install_packages SECTION...: of packages.txt
     local missing as_root=
-    missing=$(missing_packages)
+    missing=$(missing_packages "$@")
     [ -z "$missing" ] && return
     say "Installing packages:" $missing
     if [ "$(id -u)" != 0 ]; then
@@ -24,9 +25,14 @@ install_packages() {
     DEBIAN_FRONTEND=noninteractive $as_root apt-get install -y -qq --no-install-recommends $missing >/dev/null
 }
 
-# build TARGET...: configures where needed and builds, quietly unless something is wrong.
+# build TARGET...: configures where needed and builds, quietly unless something is wrong. Tests need packages that only
+# ./test installs, so a folder has them from the first ./test on.
 build() {
     say "Building (the first time takes a few minutes)"
-    [ -f build/build.ninja ] || cmake --preset release >/dev/null
+    if [ "${tests:-}" ]; then
+        grep -qs QUORRIN_TESTS:BOOL=ON build/CMakeCache.txt || cmake --preset release -DQUORRIN_TESTS=ON >/dev/null
+    else
+        [ -f build/build.ninja ] || cmake --preset release -DQUORRIN_TESTS=OFF >/dev/null
+    fi
     cmake --build build --target "$@" -- --quiet
 }

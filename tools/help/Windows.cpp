@@ -48,7 +48,7 @@ public:
         struct Watcher : DesktopPlatform {
             void ShowModal(Window& window) override
             {
-                QTimer::singleShot(100, [&] {
+                QTimer::singleShot(0, [&] {
                     prepare(window);
                     QApplication::processEvents();
                     photographer->save(name, QApplication::activeModalWidget()->grab());
@@ -66,32 +66,32 @@ public:
         act();
     }
 
-    /// The window with the menu over it that `act` pops up, and the first of its submenus with that title open.
+    /// The window with the menu over it that `act` pops up, and that menu's submenu with the title open over both.
     void menu(const char* name, const QString& submenu, const std::function<void()>& act) const
     {
-        QTimer::singleShot(100, [&] {
+        QTimer::singleShot(0, [&] {
             auto* top = qobject_cast<QMenu*>(QApplication::activePopupWidget());
             if (!top)
                 throw std::runtime_error("no menu came up");
             for (QAction* action : top->actions())
                 if (action->text() == submenu)
                     top->setActiveAction(action);
-            QTimer::singleShot(400, [this, top, name] {
-                QPixmap picture = view_.grab();
-                QPainter painter(&picture);
-                QRect shown;
-                for (QWidget* widget : QApplication::topLevelWidgets()) {
-                    if (!qobject_cast<QMenu*>(widget) || !widget->isVisible())
-                        continue;
-                    const QPoint place = view_.mapFromGlobal(widget->pos());
-                    painter.drawPixmap(place, widget->grab());
-                    shown |= QRect(place, widget->size());
-                }
-                painter.end();
-                const QRect around = shown.adjusted(-12 * margin, -12 * margin, 12 * margin, 2 * margin);
-                save(name, picture.copy(around & picture.rect()));
-                top->close();
-            });
+            QApplication::processEvents();
+            auto* opened = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+            if (!opened || opened == top)
+                throw std::runtime_error("no submenu came up");
+            QPixmap picture = view_.grab();
+            QPainter painter(&picture);
+            QRect shown;
+            for (QMenu* menu : {top, opened}) {
+                const QPoint place = view_.mapFromGlobal(menu->pos());
+                painter.drawPixmap(place, menu->grab());
+                shown |= QRect(place, menu->size());
+            }
+            painter.end();
+            const QRect around = shown.adjusted(-12 * margin, -12 * margin, 12 * margin, 2 * margin);
+            save(name, picture.copy(around & picture.rect()));
+            top->close();
         });
         act();
     }

@@ -45,6 +45,7 @@ int main(int argc, char** argv)
         const UnseenScreen screen;
         int qtArguments = 1;
         const QApplication qt(qtArguments, argv);
+        QApplication::setCursorFlashTime(0); // else the clock says whether a caret is in a picture
         quorrin::setUpDesktop();
         quorrin::UnattendedApp().Event_Open();
         const std::string map = argv[2];
