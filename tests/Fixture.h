@@ -89,15 +89,17 @@ inline testing::AssertionResult alike(const quorrin::Ref<quorrin::Picture>& got,
 {
     const std::pair size(got->Width(), got->Height()), wantedSize(wanted->Width(), wanted->Height());
     if (size != wantedSize)
-        return testing::AssertionFailure() << testing::PrintToString(size) << ", not " << testing::PrintToString(wantedSize);
+        return testing::AssertionFailure()
+               << testing::PrintToString(size) << ", not " << testing::PrintToString(wantedSize);
     auto result = testing::AssertionSuccess();
     forEachPixel(size.first, size.second, [&](auto x, auto y) {
         const auto a = pixelOf(got, x, y), b = pixelOf(wanted, x, y);
         const auto apart = [=](int one, int other) { return std::abs(one - other) > tolerance; };
-        if (result && (apart(a.red, b.red) || apart(a.green, b.green) || apart(a.blue, b.blue)
-                       || apart(a.transparency, b.transparency)))
-            result = testing::AssertionFailure() << testing::PrintToString(a) << " at " << x << "," << y << ", not "
-                                                 << testing::PrintToString(b);
+        if (result
+            && (apart(a.red, b.red) || apart(a.green, b.green) || apart(a.blue, b.blue)
+                || apart(a.transparency, b.transparency)))
+            result = testing::AssertionFailure()
+                     << testing::PrintToString(a) << " at " << x << "," << y << ", not " << testing::PrintToString(b);
     });
     return result;
 }
@@ -170,7 +172,8 @@ protected:
             const auto& other = dialog.AlternateActionButton;
             EXPECT_EQ(other.Visible ? other.Caption : "", alternate);
             EXPECT_EQ(dialog.CancelButton.Caption, "Cancel");
-            EXPECT_TRUE(dialog.Icon == 3 && dialog.CancelButton.Visible);
+            EXPECT_EQ(dialog.Icon, 3);
+            EXPECT_TRUE(dialog.CancelButton.Visible);
             return given;
         };
     }

@@ -82,10 +82,10 @@ TEST_F(Tiles, WallsAndDoorsStandOnTheirEdgesAndTheSlantingOnesMirrorEachOther)
     // The band of each, and the panel of a door: left, top, width, height.
     using Area = std::array<int, 4>;
     const std::tuple<bool cWall::*, Area, Area> edges[] = {
-        {&cWall::Top, {0, 0, 64, 5}, {}},           {&cWall::DoorTop, {0, 1, 64, 3}, {22, 0, 22, 10}},
-        {&cWall::Bottom, {0, 59, 64, 5}, {}},       {&cWall::DoorBottom, {0, 60, 64, 3}, {22, 54, 22, 10}},
-        {&cWall::Left, {0, 0, 5, 64}, {}},          {&cWall::DoorLeft, {1, 0, 3, 64}, {0, 22, 10, 22}},
-        {&cWall::Right, {59, 0, 5, 64}, {}},        {&cWall::DoorRight, {60, 0, 3, 64}, {54, 22, 10, 22}},
+        {&cWall::Top, {0, 0, 64, 5}, {}},     {&cWall::DoorTop, {0, 1, 64, 3}, {22, 0, 22, 10}},
+        {&cWall::Bottom, {0, 59, 64, 5}, {}}, {&cWall::DoorBottom, {0, 60, 64, 3}, {22, 54, 22, 10}},
+        {&cWall::Left, {0, 0, 5, 64}, {}},    {&cWall::DoorLeft, {1, 0, 3, 64}, {0, 22, 10, 22}},
+        {&cWall::Right, {59, 0, 5, 64}, {}},  {&cWall::DoorRight, {60, 0, 3, 64}, {54, 22, 10, 22}},
     };
     const auto inside = [](const Area& area, auto x, auto y, int rim = 0) {
         return x >= area[0] + rim && x < area[0] + area[2] - rim && y >= area[1] + rim && y < area[1] + area[3] - rim;
@@ -101,7 +101,8 @@ TEST_F(Tiles, WallsAndDoorsStandOnTheirEdgesAndTheSlantingOnesMirrorEachOther)
         EXPECT_TRUE(alike(got, wanted, 1)) << band[0] << "," << band[1];
     }
     const auto slash = tile(&cWall::Slash), backSlash = tile(&cWall::BackSlash);
-    forEachPixel(64, 64, [&](auto x, auto y) { ASSERT_EQ(at(slash, x, y), at(backSlash, 63 - x, y)) << x << "," << y; });
+    forEachPixel(64, 64,
+                 [&](auto x, auto y) { ASSERT_EQ(at(slash, x, y), at(backSlash, 63 - x, y)) << x << "," << y; });
     EXPECT_EQ(at(slash, 34, 32), color);
     EXPECT_EQ(at(slash, 29, 32), clear);
 }
@@ -167,12 +168,15 @@ protected:
 
     void show(const Look& look)
     {
-        const std::pair<PopupMenu*, int> rows[] = {
-            {&window.pmLandscape, look.portrait},       {&window.pmBackground, look.background},
-            {&window.pmGrid, look.grid},                {&window.pmBorderTop, look.borders[0]},
-            {&window.pmBorderBottom, look.borders[1]},  {&window.pmBorderLeft, look.borders[2]},
-            {&window.pmBorderRight, look.borders[3]},   {&window.pmVisibleLayers, look.layers},
-            {&window.pmColorBW, look.mode}};
+        const std::pair<PopupMenu*, int> rows[] = {{&window.pmLandscape, look.portrait},
+                                                   {&window.pmBackground, look.background},
+                                                   {&window.pmGrid, look.grid},
+                                                   {&window.pmBorderTop, look.borders[0]},
+                                                   {&window.pmBorderBottom, look.borders[1]},
+                                                   {&window.pmBorderLeft, look.borders[2]},
+                                                   {&window.pmBorderRight, look.borders[3]},
+                                                   {&window.pmVisibleLayers, look.layers},
+                                                   {&window.pmColorBW, look.mode}};
         for (const auto& [popup, row] : rows)
             popup->ListIndex = row;
         window.cbOverlayUserPict.Value = look.over;
@@ -187,16 +191,24 @@ protected:
         const auto page = New<Picture>(width, height, 32);
         auto& g = page->Graphics();
         const auto fill = [&](Color color, int x, int y, int w, int h) { g.ForeColor = color, g.FillRect(x, y, w, h); };
-        const auto art = [&](const std::string& name, int x, int y) { g.DrawPicture(Picture::OpenFromApp(name), x, y); };
+        const auto art = [&](const std::string& name, int x, int y) {
+            g.DrawPicture(Picture::OpenFromApp(name), x, y);
+        };
         const auto drawing = [&](bool over) {
             if (withDrawing && over == look.over)
                 g.DrawPicture(window.UserPicture, 0, 0);
         };
         const bool portrait = look.portrait;
 
-        const std::string grounds[] = {
-            "", "", "Parchment", "GrassParchment", "WaterParchment", "CobblestoneParchment", "PlainParchment",
-            portrait ? "PlainRoadVert" : "PlainRoadHorz", portrait ? "IslandParchmentVert" : "IslandParchmentHorz"};
+        const std::string grounds[] = {"",
+                                       "",
+                                       "Parchment",
+                                       "GrassParchment",
+                                       "WaterParchment",
+                                       "CobblestoneParchment",
+                                       "PlainParchment",
+                                       portrait ? "PlainRoadVert" : "PlainRoadHorz",
+                                       portrait ? "IslandParchmentVert" : "IslandParchmentHorz"};
         if (look.background == 1)
             fill(RGB(200, 200, 200), 0, 0, width, height);
         if (look.background == 7)
@@ -209,7 +221,8 @@ protected:
             art(std::string(portrait ? "GridPort" : "GridLand") + (look.grid == 3 ? "Grey" : ""), 0, 0);
         if (look.grid == 2)
             portrait ? art("GridPortBlur", -2, 1) : art("GridLandblur", 1, 2);
-        const Color inks[] = {RGB(80, 125, 35), RGB(120, 110, 85), RGB(25, 95, 225), RGB(230, 215, 10), RGB(235, 40, 40)};
+        const Color inks[] = {RGB(80, 125, 35), RGB(120, 110, 85), RGB(25, 95, 225), RGB(230, 215, 10),
+                              RGB(235, 40, 40)};
         for (int n = 0; look.grid >= 4 && n < 13; ++n) {
             if (n < (portrait ? 13 : 9)) // one pixel short of the last line across them in portrait
                 fill(inks[look.grid - 4], portrait ? 37 : 6, (portrait ? 6 : 41) + 62 * n, portrait ? 497 : 746, 2);
@@ -246,8 +259,8 @@ protected:
         const int pen = look.grid >= 4 ? 2 : 1;
         if (look.clickable)
             eachSquare([&](int, int, int x, int y) {
-                for (const auto& [left, top, w, h] : {std::tuple{1, 1, 60, pen}, {1, 61 - pen, 60, pen},
-                                                      {1, 1, pen, 60}, {61 - pen, 1, pen, 60}})
+                for (const auto& [left, top, w, h] :
+                     {std::tuple{1, 1, 60, pen}, {1, 61 - pen, 60, pen}, {1, 1, pen, 60}, {61 - pen, 1, pen, 60}})
                     fill(RGB(0, 0, 200), x + left, y + top, w, h);
             });
         const int topMode = look.mode == 2 ? 2 : 1;
@@ -255,7 +268,9 @@ protected:
             tiles(3, [&](int i, int j) { return window.DrawObject(window.mySquares(i, j)->thisObject, look.mode); });
         if (look.layers != 1)
             tiles(3, [&](int i, int j) { return window.DrawObject(window.mySquaresTop(i, j)->thisObject, topMode); });
-        tiles(0, [&](int i, int j) { return window.mySquares(i, j)->Wall ? window.mySquares(i, j)->Wall->Render() : nullptr; });
+        tiles(0, [&](int i, int j) {
+            return window.mySquares(i, j)->Wall ? window.mySquares(i, j)->Wall->Render() : nullptr;
+        });
         if (look.markers)
             tiles(2, [&](int i, int j) { return window.DrawDM(window.mySquares(i, j)->thisDM); });
         drawing(true);
@@ -329,6 +344,7 @@ TEST_F(Page, TheSeriesWritesFourPicturesAndPutsEverythingBack)
     EXPECT_EQ(at(color, 8, 43), RGB(200, 200, 200)) << "no clickable regions";
     EXPECT_EQ(at(color, 150, 168), RGB(255, 0, 0));
     EXPECT_EQ(at(bw, 150, 168), black);
+    EXPECT_EQ(at(bw, 8, 43), white) << "no coloured ground";
     EXPECT_FALSE(alike(color, Picture::Open(folder.file("Quorrin Map Keep DM Color.png"))));
 
     window.mySavedFileName = "";

@@ -12,6 +12,7 @@ import os
 import random
 import re
 import shutil
+import signal
 import subprocess
 import sys
 from pathlib import Path
@@ -85,6 +86,8 @@ class Scratch:
 
 
 def main():
+    # The companion's test sends it, but a shell has what runs in the background ignore it.
+    signal.signal(signal.SIGINT, signal.default_int_handler)
     parser = argparse.ArgumentParser(usage=__doc__)
     parser.add_argument("scratch", type=Path)
     parser.add_argument("folders", nargs="*", default=sorted(path.name for path in (PROJECT / "src").iterdir()))
@@ -93,8 +96,9 @@ def main():
     parser.add_argument("--art", type=Path)
     options = parser.parse_args()
     scratch = Scratch(options.scratch.resolve(), options.art)
-    if not scratch.builds() or not scratch.passes():
-        sys.exit("mutate: the project does not build or pass as it is")
+    for step in (scratch.builds, scratch.passes):
+        if not step():
+            sys.exit(f"mutate: \"{step.__name__}\" fails for the project as it is")
     chance = random.Random(options.seed)
     left = {folder: list(candidates(folder)) for folder in options.folders}
     tried = caught = 0
