@@ -114,7 +114,8 @@ def main():
         if scratch.builds():
             is_caught = not scratch.passes()
             tried, caught = tried + 1, caught + is_caught
-            print("caught  " if is_caught else "SURVIVED", f"{path}:{number + 1} {kind}: {old.strip()} -> {new.strip()}", flush=True)
+            change = f"{path}:{number + 1} {kind}: {old.strip()} -> {new.strip()}"
+            print("caught  " if is_caught else "SURVIVED", change, flush=True)
         shutil.copyfile(PROJECT / path, file)
     print(f"{caught} of {tried} were caught")
 
