@@ -84,7 +84,8 @@ TEST_F(ContextualMenu, PlacesObjectsAndMarkersAndMovesTheirPopups)
         window.TabPanel1.Value = tool;
         window.pmObjectLayer.ListIndex = layer;
         EXPECT_EQ(choose(text), both);
-        EXPECT_TRUE(place == number && popup.ListIndex == number) << text;
+        EXPECT_EQ(place, number) << text;
+        EXPECT_EQ(popup.ListIndex, number) << text;
         EXPECT_EQ(choose("Blank"), both);
         EXPECT_EQ(popup.ListIndex, 0);
         EXPECT_EQ(window.MapText(), blank);

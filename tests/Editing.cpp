@@ -32,7 +32,8 @@ TEST_F(HitTest, EdgesInBothOrientations)
         window.pmLandscape.ListIndex = orientation;
         for (const auto* layer : {&window.mySquares, &window.mySquaresTop}) {
             const auto cell = cellAt(*layer, x, y).value_or(Cell{0, 0});
-            EXPECT_TRUE(cell.column == column && cell.row == row) << orientation << ": " << x << ", " << y;
+            EXPECT_EQ(std::pair(cell.column, cell.row), std::pair(column, row))
+                << orientation << ": " << x << ", " << y;
         }
     }
     constexpr auto highest = std::numeric_limits<std::int64_t>::max();
@@ -87,6 +88,33 @@ TEST_F(Panels, WhatComposesAndWhatMakesDirty)
     EXPECT_EQ(w.myScript->Monsters + w.myScript->GamtText, "orca cave");
 }
 
+TEST_F(Panels, PreviewsArePaintedAnew)
+{
+    struct Counted : ControlView {
+        void Sync() override {}
+        void Repaint() override { ++times; }
+        void TakeFocus() override {}
+        int times = 0;
+    };
+    Window1& w = window;
+    const std::tuple<const char*, Control*, std::function<void()>> cases[] = {
+        {"object", &w.Canvas3, [&] { w.pmObjects.ListIndex = 3; }},
+        {"colour mode", &w.Canvas3, [&] { w.pmColorBW.ListIndex = 2; }},
+        {"marker", &w.cvDMPreview, [&] { w.pmDM.ListIndex = 2; }},
+        {"wall", &w.Canvas2, [&] { w.CheckBox1.Value = true; }},
+        {"clear walls", &w.Canvas2, [&] { w.PushButton3.Push(); }},
+        {"map", &w.Canvas1, [&] { w.pmGrid.ListIndex = 2; }},
+        {"editor", &w.cvCharacters, [&] { click(w.cvCharacters, 50, 50); }},
+    };
+    for (const auto& [name, canvas, action] : cases) {
+        Counted view;
+        canvas->View = &view;
+        action();
+        EXPECT_GT(view.times, 0) << name;
+        canvas->View = nullptr;
+    }
+}
+
 TEST_F(Panels, WhatIsEnabledWhen)
 {
     for (const int layer : {1, 0}) {
@@ -95,7 +123,8 @@ TEST_F(Panels, WhatIsEnabledWhen)
     }
     for (const bool shown : {false, true}) {
         window.cbShowDMObjects.Value = shown;
-        EXPECT_TRUE(window.pmDM.Enabled == shown && window.cvDMPreview.Enabled == shown);
+        EXPECT_EQ(window.pmDM.Enabled, shown);
+        EXPECT_EQ(window.cvDMPreview.Enabled, shown);
     }
 }
 
@@ -177,7 +206,8 @@ TEST_F(Clicks, ChangeWhatTheToolIsForAndNothingElse)
         // What counts is where the button comes up.
         EXPECT_EQ(effectOf([&] { window.Canvas1.Press(7, 42), window.Canvas1.Release(x2, y3); }),
                   undo ? both : nothing);
-        EXPECT_TRUE(!undo || undo()) << tool << ", " << layer;
+        if (undo)
+            EXPECT_TRUE(undo()) << tool << ", " << layer;
         EXPECT_EQ(window.MapText(), before);
         EXPECT_EQ(*top.Wall, cWall());
     }
@@ -219,7 +249,8 @@ TEST_F(BulkCommands, ClearAfterTheirQuestion)
             EXPECT_EQ(bottom.thisObject, c.bottom ? 0 : 5);
             EXPECT_EQ(top.thisObject, c.top ? 0 : 5);
             EXPECT_EQ(*bottom.Wall, c.walls ? cWall() : wall);
-            EXPECT_TRUE(*top.Wall == wall && bottom.thisDM == 5 && top.thisDM == 5);
+            EXPECT_EQ(*top.Wall, wall);
+            EXPECT_EQ(std::pair(bottom.thisDM, top.thisDM), (std::pair<std::int64_t, std::int64_t>(5, 5)));
         });
     }
 }

@@ -63,6 +63,47 @@ void forEachPixel(std::int64_t width, std::int64_t height, Visit visit)
 
 constexpr quorrin::Color clear = quorrin::RGB(0, 0, 0, 255);
 
+// How failures show values.
+namespace quorrin {
+inline void PrintTo(const Color& color, std::ostream* out)
+{
+    *out << "RGB(" << +color.red << ", " << +color.green << ", " << +color.blue << ", " << +color.transparency << ")";
+}
+inline void PrintTo(const cWall& wall, std::ostream* out)
+{
+    *out << "wall " << wall.toSave();
+}
+inline void PrintTo(const Ref<cSquare>& square, std::ostream* out)
+{
+    *out << "square " << (square ? square->toSave() : "nil");
+}
+inline void PrintTo(const Ref<Picture>& picture, std::ostream* out)
+{
+    *out << "picture " << picture.get();
+}
+} // namespace quorrin
+
+/// Whether two pictures are alike, or which pixel is the first that differs by more than this in a channel.
+inline testing::AssertionResult alike(const quorrin::Ref<quorrin::Picture>& got,
+                                      const quorrin::Ref<quorrin::Picture>& wanted, int tolerance = 0)
+{
+    const std::pair size(got->Width(), got->Height()), wantedSize(wanted->Width(), wanted->Height());
+    if (size != wantedSize)
+        return testing::AssertionFailure()
+               << testing::PrintToString(size) << ", not " << testing::PrintToString(wantedSize);
+    auto result = testing::AssertionSuccess();
+    forEachPixel(size.first, size.second, [&](auto x, auto y) {
+        const auto a = pixelOf(got, x, y), b = pixelOf(wanted, x, y);
+        const auto apart = [=](int one, int other) { return std::abs(one - other) > tolerance; };
+        if (result
+            && (apart(a.red, b.red) || apart(a.green, b.green) || apart(a.blue, b.blue)
+                || apart(a.transparency, b.transparency)))
+            result = testing::AssertionFailure()
+                     << testing::PrintToString(a) << " at " << x << "," << y << ", not " << testing::PrintToString(b);
+    });
+    return result;
+}
+
 inline std::string bytesOf(const quorrin::Ref<quorrin::Picture>& picture)
 {
     return picture->ToData(quorrin::PictureFormat::Png, 100);
@@ -131,7 +172,8 @@ protected:
             const auto& other = dialog.AlternateActionButton;
             EXPECT_EQ(other.Visible ? other.Caption : "", alternate);
             EXPECT_EQ(dialog.CancelButton.Caption, "Cancel");
-            EXPECT_TRUE(dialog.Icon == 3 && dialog.CancelButton.Visible);
+            EXPECT_EQ(dialog.Icon, 3);
+            EXPECT_TRUE(dialog.CancelButton.Visible);
             return given;
         };
     }

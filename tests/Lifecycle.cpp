@@ -26,11 +26,14 @@ TEST_F(Lifecycle, NewResetsTheMapAndTheToolsAndLeavesTheRest)
     for (PopupMenu* popup : popups)
         EXPECT_EQ(popup->ListIndex, 0);
     EXPECT_EQ(*w.ChosenWall(), cWall());
-    EXPECT_FALSE(w.didMazePrompt || w.cbShowDMObjects.Value || w.pmDM.Enabled || w.btnMaze.Enabled);
+    for (const bool off :
+         {w.didMazePrompt, w.cbShowDMObjects.Value.get(), w.pmDM.Enabled.get(), w.btnMaze.Enabled.get()})
+        EXPECT_FALSE(off);
     EXPECT_EQ(w.Canvas1.Width, 756);
     EXPECT_EQ(w.myScript->Monsters, "");
 
-    EXPECT_TRUE(w.UserPicture == drawing && w.cbOverlayUserPict.Value);
+    EXPECT_EQ(w.UserPicture, drawing);
+    EXPECT_TRUE(w.cbOverlayUserPict.Value);
     EXPECT_EQ(w.txtMonster.Text, "orc");
     EXPECT_EQ(w.Title, "Quorrin Map Maker - Cave");
     w.ChooseMenu("mnuSave"); // cancelled
@@ -80,6 +83,22 @@ TEST_F(Lifecycle, AskWhatToDoAboutChanges)
     EXPECT_TRUE(person.messages.empty());
 }
 
+TEST_F(Lifecycle, OpenLeavesTheScriptAndComposesWhateverComesOfIt)
+{
+    person.open = [](const FileFilter&) { return nullptr; };
+    EXPECT_EQ(effectOf([&] { window.ChooseMenu("mnuOpen"); }), composed) << "cancelled";
+    for (const auto& content : {std::string("a letter"), window.MapText()}) {
+        writeFile(folder / "Map.qrnm", content);
+        person.open = [&](const FileFilter&) { return folder.file("Map.qrnm"); };
+        window.bbScriptTool.Push();
+        EXPECT_EQ(effectOf([&] { window.ChooseMenu("mnuOpen"); }), composed);
+    }
+    EXPECT_FALSE(window.bbScriptTool.Value);
+    EXPECT_TRUE(window.btnCharacterTool.Enabled);
+    EXPECT_TRUE(window.gbDMObjects.Enabled);
+    EXPECT_EQ(window.PagePanel1.Value, 0);
+}
+
 TEST_F(Lifecycle, TheNameEndsAtTheFirstDot)
 {
     const std::pair<const char*, std::string> cases[] = {
@@ -108,5 +127,6 @@ TEST_F(Lifecycle, AHandedOverFileOpensAtLaunchOnly)
     app.Event_OpenDocument(folder.file("Cave.qrnm"));
     EXPECT_EQ(effectOf([&] { window.Timer1_Action(); }), composed);
     EXPECT_EQ(window.mySquares(2, 3)->thisObject, 7);
-    EXPECT_TRUE(person.questions.empty() && person.messages.empty());
+    EXPECT_TRUE(person.questions.empty());
+    EXPECT_TRUE(person.messages.empty());
 }

@@ -181,7 +181,8 @@ TEST_F(MapFile, EqualIconsAreOnePictureAndTheirUnpackingHasAnEnd)
         return with(5, section);
     };
     EXPECT_TRUE(open(icons({bytesOf(New<Picture>(9, 9, 32)), "-5", "no picture"})).empty());
-    EXPECT_TRUE(window.myCharacters(1)->Icon && window.myCharacters(1)->Icon == window.myCharacters(19)->Icon);
+    EXPECT_TRUE(window.myCharacters(1)->Icon);
+    EXPECT_EQ(window.myCharacters(1)->Icon, window.myCharacters(19)->Icon);
     EXPECT_FALSE(window.myCharacters(3)->Icon);
     EXPECT_EQ(window.UnreadPictures, "Of these characters the picture cannot be read: 3, 6, 9, 12, 15, 18.");
 
@@ -201,6 +202,7 @@ TEST_F(MapFile, AUserPictureComesBackAndOneThatIsNoneIsNil)
     EXPECT_TRUE(open(asUtf8(text)).empty());
     EXPECT_EQ(window.MapText(), text);
     EXPECT_EQ(window.UserPicture->Transparent, 1) << "the map shows through the drawing's white";
+    EXPECT_EQ(pixelOf(window.UserPicture, 0, 0), white) << "what is clear is kept as white";
     for (const std::string field : {"", "\r\n", "not base-64 of a picture", "iVBORw0KGgo="}) {
         EXPECT_TRUE(open(with(0, "0" + F + "0" + F + "0" + F + field + F)).empty());
         EXPECT_FALSE(window.UserPicture) << field;

@@ -46,13 +46,13 @@ TEST(Carving, GivesATreeOfAllCellsWithEntryAndExit)
         for (int seed = 0; seed < someSeeds; ++seed) {
             Random::SeedAll(seed);
             CreateMaze(width, height, true);
-            ASSERT_TRUE(MAZE_X == width && MAZE_Y == height);
+            ASSERT_EQ(Cell(MAZE_X, MAZE_Y), Cell(width, height));
             doors.insert(LastDoorUsed);
             Cells open = openPositions();
             Cells frame = exits[LastDoorUsed - 1];
             frame.insert({2, 1});
             for (const auto& [x, y] : open) {
-                EXPECT_FALSE(x % 2 == 1 && y % 2 == 1);
+                EXPECT_NE(std::pair(x % 2, y % 2), std::pair(1, 1));
                 EXPECT_EQ(x == 1 || y == 1 || x == width || y == height, frame.contains({x, y}));
             }
             // All cells, one passage less, the entry and the exit; all to be reached: a tree.
@@ -68,7 +68,7 @@ TEST(Carving, TakesAnySizeAndKeepsItsExitWithoutANewDoor)
 {
     for (const auto& [width, height] : {Cell{10, 6}, {2, 2}, {22, 23}}) {
         CreateMaze(width, height, true);
-        EXPECT_TRUE(MAZE_X == width / 2 * 2 + 1 && MAZE_Y == height / 2 * 2 + 1);
+        EXPECT_EQ(Cell(MAZE_X, MAZE_Y), Cell(width / 2 * 2 + 1, height / 2 * 2 + 1));
         EXPECT_EQ(openPositions().size(), (MAZE_X - 1) * (MAZE_Y - 1) / 2 + 1u);
     }
     constexpr auto highest = std::numeric_limits<std::int64_t>::max();
@@ -84,19 +84,6 @@ TEST(Carving, TakesAnySizeAndKeepsItsExitWithoutANewDoor)
         expected.merge(Cells{{2, 1}, {2, 2}});
         EXPECT_EQ(openPositions(), expected);
     }
-}
-
-TEST(Carving, KnowsFourOrdersOfDirections)
-{
-    std::set<std::string> orders;
-    for (int i = 0; i < someSeeds; ++i) {
-        RandomDirections();
-        std::string order;
-        for (int n = 0; n < 4; ++n)
-            order += cDir(n)->X < 0 ? 'W' : cDir(n)->X > 0 ? 'E' : cDir(n)->Y < 0 ? 'N' : 'S';
-        orders.insert(order);
-    }
-    EXPECT_EQ(orders, (std::set<std::string>{"WENS", "SNEW", "NSWE", "EWSN"}));
 }
 
 class Placement : public Program {
@@ -126,7 +113,7 @@ protected:
         EXPECT_EQ(effectOf([&] { button.Push(); }), both);
         forEachPixel(12, 12, [&](int x, int y) {
             const cSquare &bottom = *window.mySquares(x + 1, y + 1), &top = *window.mySquaresTop(x + 1, y + 1);
-            EXPECT_TRUE(bottom.thisDM == 2 && top.thisDM == 2);
+            EXPECT_EQ(bottom.thisDM + 10 * top.thisDM, 22);
             look(x + 1, y + 1, bottom, top);
         });
     }
@@ -154,30 +141,35 @@ TEST_F(Placement, OfObjectsStretchesTheBottomLayerWhicheverTheMazeIsOn)
             const auto stretched = onTop ? own(x, y) : asCarved(x, y);
             EXPECT_EQ(bottom.thisObject, stamps.contains({i, j}) ? object : stretched) << i << ", " << j;
             EXPECT_EQ(top.thisObject, onTop ? asCarved(i, j) : own(i, j)) << i << ", " << j;
-            EXPECT_TRUE(bottom.Wall->Slash && bottom.Visible == onPage);
+            EXPECT_TRUE(bottom.Wall->Slash);
+            EXPECT_EQ(bottom.Visible, onPage);
         });
     }
 }
 
-TEST_F(Placement, OfWallsReplacesAllWallsOfTheBottomLayer)
+// A sum of 1 for a top wall, 2 for a left and 4 for a right one stands for each square of the page.
+TEST_F(Placement, OfWallsIsTheSameForTheSameSeed)
 {
     window.pmObjectLayer.ListIndex = 1;
     window.rWallColor.FillColor = RGB(255, 0, 0);
-    for (int seed = 0; seed < someSeeds; ++seed) {
-        Random::SeedAll(seed);
-        const bool landscape = seed % 2 == 0;
-        make(window.btnWallMaze, landscape, [&](int i, int j, const cSquare& bottom, const cSquare& top) {
-            const auto solid = [](int x, int y) { return x <= MAZE_X && y <= MAZE_Y && !blnMaze(x, y); };
-            cWall expected;
-            expected.Top = i >= 2 && i <= (landscape ? 11 : 8) && solid(i, 2 * j - 1);
-            expected.Left = i >= 2 && i <= (landscape ? 10 : 9) && solid(i, 2 * j);
-            expected.Right = (i == 1 && solid(1, 2 * j)) || (landscape && i == 11 && solid(11, 2 * j))
-                             || (!landscape && i == 8 && solid(9, 2 * j));
-            EXPECT_EQ(*bottom.Wall, expected) << i << ", " << j;
-            EXPECT_TRUE(top.Wall->Slash && bottom.thisObject == own(i, j) && top.thisObject == own(i, j));
-        });
-        EXPECT_TRUE(MAZE_X == (landscape ? 11 : 9) && MAZE_Y == (landscape ? 15 : 23));
-        EXPECT_FALSE(window.mySquares(2, 1)->Wall->Top); // the entry
+    for (const auto& [landscape, expected] :
+         {std::pair{true,
+                    "401111111150401131111050403011111150411131313050403030301050403110301150401030111050001111111110"},
+          {false,
+           "401111114011303441111034403111344030113440113034413030144030311540101015411111144011111501111111"}}) {
+        Random::SeedAll(5);
+        std::string rows(landscape ? 12 * 8 : 8 * 12, ' ');
+        make(window.btnWallMaze, landscape,
+             [&, width = landscape ? 12 : 8](int i, int j, const cSquare& bottom, const cSquare& top) {
+                 const cWall& wall = *bottom.Wall;
+                 EXPECT_EQ(wall, cWall(wall.Top, false, wall.Left, wall.Right, false, false));
+                 const int sum = wall.Top + 2 * wall.Left + 4 * wall.Right;
+                 if (i <= width && j <= 20 - width)
+                     rows[static_cast<std::size_t>((j - 1) * width + i - 1)] = static_cast<char>('0' + sum);
+                 EXPECT_TRUE(top.Wall->Slash);
+                 EXPECT_EQ(std::pair(bottom.thisObject, top.thisObject), std::pair(own(i, j), own(i, j)));
+             });
+        EXPECT_EQ(rows, expected);
     }
 }
 

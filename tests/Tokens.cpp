@@ -47,7 +47,9 @@ TEST(Tokens, ShrinkTheirPictureInEqualSteps)
         cCharacter token;
         token.Icon = redOverBlue(width, height);
         const auto sized = token.SizeIcon();
-        EXPECT_TRUE(sized->Width() == sizedWidth && sized->Height() == sizedHeight) << width << " x " << height;
+        EXPECT_EQ(std::pair(sized->Width(), sized->Height()),
+                  (std::pair<std::int64_t, std::int64_t>(sizedWidth, sizedHeight)))
+            << width << " x " << height;
         EXPECT_EQ(sized == token.Icon, width <= 60 && height <= 100);
         drawn(token);
     }

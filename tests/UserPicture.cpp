@@ -47,6 +47,8 @@ TEST_F(UserPicture, StrokesHaveNoGapsAndNoSoftEdges)
             // Every step of the way leaves a column or a row of the pen.
             EXPECT_GE(inked, pen * (390 + 350));
             EXPECT_LE(inked, (2 * pen + 1) * (390 + 350));
+            EXPECT_EQ(at(editor, 379 + pen, 499 + pen), black) << "the last point";
+            EXPECT_EQ(at(editor, 380 + pen, 500 + pen), clear);
             for (int y = 20; y <= 20 + pen; ++y)
                 EXPECT_EQ(at(editor, 10, y), y < 20 + pen ? black : clear);
         }
@@ -85,6 +87,8 @@ TEST_F(UserPicture, WhiteErasesWhenTheMouseIsReleased)
         EXPECT_EQ(at(editor, 75, 50), white);
         editor.Canvas1.Release(80, 50);
         EXPECT_EQ(at(editor, 75, 50), clear);
+        editor.Canvas1.Drag(60, 50); // nothing is pressed any more
+        EXPECT_EQ(at(editor, 65, 50), black);
     });
 }
 
@@ -151,6 +155,7 @@ TEST_F(UserPicture, GoesToTheMapOnApplyAlone)
     const auto drawing = bytesOf(window.UserPicture);
     edit([&](frmEditUserPicture& editor) {
         EXPECT_EQ(bytesOf(editor.myImage), drawing);
+        EXPECT_EQ(pixelOf(Module1::pMain, 15, 10), white) << "the map below is without the drawing";
         editor.ChooseMenu("mnuClearDrawing");
         editor.PushButton2.Push();
     });
@@ -164,6 +169,8 @@ TEST_F(UserPicture, LiesOverTheMapInBothOrientations)
         window.pmBackground.ListIndex = 1;
         window.UserPicture = nullptr;
         edit([&](frmEditUserPicture& editor) {
+            EXPECT_EQ(editor.Canvas1.Width, orientation == 0 ? 756 : 576);
+            EXPECT_EQ(editor.Canvas1.Height, orientation == 0 ? 576 : 756);
             editor.PopupMenu2.ListIndex = 4;
             stroke(editor, {{300, 500}, {400, 500}});
             editor.PopupMenu1.ListIndex = 1;

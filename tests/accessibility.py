@@ -7,13 +7,14 @@ usage: accessibility.py PROGRAM MAP
 import os
 import subprocess
 import sys
-import time
 
 if "DBUS_SESSION_BUS_ADDRESS" not in os.environ or os.environ.get("QUORRIN_OWN_SESSION") != "yes":
     os.environ["QUORRIN_OWN_SESSION"] = "yes"
     os.execvp("dbus-run-session", ["dbus-run-session", "--", sys.executable, *sys.argv])
 
 import pyatspi  # noqa: E402, needs the session
+
+from person import wait_for  # noqa: E402
 
 BORDERS = ("Mountain Range", "Pine Trees", "None", "None")
 WALLS = ("Top", "Bottom", "Left", "Right", "Slash", "Backslash")
@@ -56,15 +57,6 @@ EXPECTED = [
     ("push button", "Print Character Sheet", ""),
 ]
 ROLES = {role for role, _, _ in EXPECTED} | {"frame"}
-
-
-def wait_for(what, condition, seconds=30):
-    end = time.monotonic() + seconds
-    while not (result := condition()):
-        if time.monotonic() > end:
-            sys.exit(f"accessibility: {what} did not come")
-        time.sleep(0.1)
-    return result
 
 
 def spoken(control):

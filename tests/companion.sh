@@ -34,6 +34,10 @@ file "sharp/Quorrin Map $name.png" | grep -q '2268 x 1728\|1728 x 2268' || fail 
 status 0 "$program" upgrade -o new -- *.qrnm
 status 0 "$program" upgrade -o newer new/*.qrnm
 diff -r new newer || fail "a second upgrade changes the map"
+cp "$sample" Dark.Cave.qrnm
+status 0 "$program" upgrade -o dotted Dark.Cave.qrnm
+[ -e dotted/Dark.Cave.qrnm ] || fail "a dotted name is cut"
+rm Dark.Cave.qrnm
 
 # The sheet of each map, and prints of one page or as many as there are copies.
 status 0 "$program" sheet -o sheets -- *.qrnm
@@ -84,11 +88,11 @@ status 1 "$program" export -o full "$sample"
 [ "$(ls -A full | wc -l)" = 1 ] || fail "rests of refused work are left"
 
 # Ended by a signal, it leaves whole results or none, nothing begun and no worker.
-mkdir many && for copy in {1..30}; do cp before "many/map $copy.qrnm"; done
+mkdir many && for copy in {1..120}; do ln before "many/map $copy.qrnm"; done
 for signal in TERM:143 INT:130; do
     rm -rf new
     got=0
-    timeout --preserve-status -s "${signal%:*}" 1 "$program" export --set --jobs 2 -o new/pictures many/*.qrnm || got=$?
+    timeout --preserve-status -s "${signal%:*}" 0.5 "$program" export --set --jobs 2 -o new/pictures many/*.qrnm || got=$?
     [ "$got" = "${signal#*:}" ] || fail "status $got after a signal"
     [ -e new ] || continue
     left=$(ls -A new/pictures)
@@ -108,6 +112,7 @@ status 2 "$program" sheet --scale 2 "$sample"
 status 2 "$program" print --what picture "$sample"
 status 2 "$program" print --paper Napkin "$sample"
 status 2 "$program" print --copies 0 "$sample"
+status 2 "$program" print --copies 1000 "$sample"
 status 2 "$program" sheet --landscape "$sample"
 status 2 "$program" export --frobnicate "$sample"
 grep -q -- --help err || fail "no hint"

@@ -13,8 +13,6 @@ namespace {
 
 class RecoveryOnTheDesktop : public DesktopProgram {
 protected:
-    static constexpr std::chrono::milliseconds quiet{400}, latest{1500};
-
     bool isKept() const
     {
         for (const auto& entry : std::filesystem::recursive_directory_iterator(folder.path))
@@ -24,37 +22,29 @@ protected:
     }
 
     Recovery recovery{window};
-    RecoveryClock clock{recovery, quiet, latest};
 };
 
 } // namespace
 
 TEST_F(RecoveryOnTheDesktop, ACopyIsWrittenOnceAllIsQuietAndNowAndThenWhileItIsNot)
 {
-    QElapsedTimer time;
-    const auto passed = [&] { return std::chrono::milliseconds(time.elapsed()); };
-    const auto wait = [&](bool typing) {
-        time.start();
-        while (!isKept() && passed() < 2 * latest) {
-            if (typing)
-                Person::type("a");
-            QTest::qWait(20);
-        }
-    };
-    person.click(50, 33);
-    wait(false);
-    EXPECT_FALSE(isKept()) << "nothing has changed";
-
-    window.pmGrid.ListIndex = 3; // by no mouse and no keyboard
-    wait(false);
-    EXPECT_TRUE(passed() >= quiet && passed() < latest) << time.elapsed();
+    constexpr std::chrono::milliseconds soon(100), never(std::chrono::hours(1));
+    {
+        const RecoveryClock clock(recovery, soon, never);
+        person.click(50, 33);
+        EXPECT_FALSE(QTest::qWaitFor([&] { return isKept(); }, 3 * soon.count())) << "nothing has changed";
+        window.pmGrid.ListIndex = 3; // by no mouse and no keyboard
+        EXPECT_TRUE(QTest::qWaitFor([&] { return isKept(); }));
+    }
     window.isDirty = false;
     recovery.KeepAtOnce();
+    EXPECT_FALSE(isKept());
 
+    const RecoveryClock clock(recovery, never, soon);
     window.TabPanel1.Value = 4;
     person.click(160, 253);
-    wait(true);
-    EXPECT_TRUE(passed() > 2 * quiet && passed() < 2 * latest) << time.elapsed();
+    Person::type("a");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return isKept(); }));
 }
 
 TEST_F(RecoveryOnTheDesktop, AListAsksAboutSeveralMaps)
