@@ -5,7 +5,7 @@ find_program(GZIP gzip REQUIRED)
 
 set(packaging ${PROJECT_SOURCE_DIR}/packaging)
 set(packaging_build ${CMAKE_BINARY_DIR}/packaging)
-set(app_id org.quorrin.MapMaker)
+set(app_id org.quorrin.mapmaker)
 set(app_data ${CMAKE_INSTALL_DATADIR}/quorrin-map-maker)
 
 # Manual pages and metainfo bear the date of the version.
@@ -45,6 +45,7 @@ list(JOIN map_drawings "," map_pair)
 set(icon_stylesheet ${PROJECT_SOURCE_DIR}/resources/art/colour.css)
 add_custom_command(
   OUTPUT ${packaging_build}/icons.stamp
+  COMMAND ${CMAKE_COMMAND} -E rm -rf ${packaging_build}/hicolor
   COMMAND ${QUORRIN_ART_PYTHON} ${packaging}/make_icons.py --out ${packaging_build}/hicolor --stylesheet ${icon_stylesheet}
           apps/${app_id}=${app_pair} apps/${app_id}-symbolic=${symbolic_drawing}
           mimetypes/application-x-quorrin-map=${map_pair}

@@ -1,8 +1,9 @@
 #!/usr/bin/env bash
-# Installs the build into a folder of its own and holds what lies there against the rules of the desktop:
+# Installs the build into a folder of its own, packs it and its sources, and holds both against the rules of the desktop:
 # usage: packaging.sh BUILD
 set -euo pipefail
 build=$1
+source=$(realpath "$(dirname "$0")/..")
 folder=$(mktemp -d)
 trap 'rm -rf "$folder"' EXIT
 cd "$folder"
@@ -11,23 +12,26 @@ fail() { echo "packaging: $*" >&2; exit 1; }
 
 cmake --install "$build" --prefix "$folder/usr" >/dev/null
 share=$folder/usr/share
-id=org.quorrin.MapMaker
+id=org.quorrin.mapmaker
 batch=$folder/usr/bin/quorrin-map-batch
 version=$("$batch" --version)
 version=${version##* }
 
 # Every file is right by the tool of its own kind.
-desktop-file-validate "$share/applications/$id.desktop"
-appstreamcli validate --no-net "$share/metainfo/$id.metainfo.xml" || fail "bad metainfo"
+desktop-file-validate --no-hints "$share/applications/$id.desktop"
+# Debian 12 does not know the element that newer software centres ask for.
+remarks=$(appstreamcli validate --pedantic --no-net "$share/metainfo/$id.metainfo.xml" | grep '^[EWIP]:' | grep -v 'unknown-tag developer$' || true)
+[ -z "$remarks" ] || fail "$remarks"
 xmllint --noout "$share/metainfo/$id.metainfo.xml" "$share/mime/packages/$id.xml" "$share"/icons/hicolor/{scalable,symbolic}/*/*.svg
 for page in quorrin-map-maker quorrin-map-batch; do
-    faults=$(man --warnings -l "$share/man/man1/$page.1.gz" 2>&1 >"$page.txt")
+    faults=$(man --warnings -l "$share/man/man1/$page.1.gz" 2>&1 >"$page.txt"; zcat "$share/man/man1/$page.1.gz" | mandoc -T lint || true)
     [ -z "$faults" ] || fail "$page.1: $faults"
     zcat "$share/man/man1/$page.1.gz" | sed -n 1p | grep -F "$version" >/dev/null || fail "$page.1 is not of version $version"
 done
 bash -n "$share/bash-completion/completions/quorrin-map-batch"
 grep -qF "<release version=\"$version\"" "$share/metainfo/$id.metainfo.xml" || fail "no release $version in the metainfo"
 zcat "$share/doc/quorrin-map-maker/changelog.gz" | sed -n 1p | grep -F "($version)" >/dev/null || fail "no $version in the changelog"
+zcat "$share/doc/quorrin-map-maker/NEWS.gz" | grep -F "## $version (" >/dev/null || fail "no $version in the news"
 
 # The icons that the desktop entry and the file type name are there in their sizes.
 for icon in "apps/$(sed -n 's/^Icon=//p' "$share/applications/$id.desktop")" mimetypes/application-x-quorrin-map; do
@@ -107,4 +111,31 @@ diff installed.txt packed.txt || fail "the package does not hold what is install
 [ "$(dpkg-deb -f "$package" Version)" = "$version" ] || fail "the package is not of version $version"
 for needed in fonts-dejavu-core libqt6widgets6 libqt6printsupport6; do
     dpkg-deb -f "$package" Depends | grep -w "$needed" >/dev/null || fail "the package does not ask for $needed"
+done
+lintian --allow-root --fail-on error,warning "$package" || fail "lintian has something to say"
+
+# The source archive holds what git holds, and each of its files has a licence.
+cpack --config "$build/CPackSourceConfig.cmake" -B "$folder/archive" >cpack.txt 2>&1 || fail "$(cat cpack.txt)"
+mkdir tree
+tar -xf "$folder"/archive/*.tar.xz --strip-components=1 -C tree
+if [ -e "$source/.git" ] && type -P git >/dev/null; then
+    diff <(git -c safe.directory='*' -c core.quotePath=off -C "$source" ls-files -co --exclude-standard | sort) <(find tree -type f -printf '%P\n' | sort) ||
+        fail "the source archive does not hold what git holds"
+fi
+# The tool of Debian 12 reads the same facts in an older form.
+mkdir tree/.reuse
+python3 - tree/REUSE.toml >tree/.reuse/dep5 <<'END'
+import sys, tomllib
+print("Format: https://www.debian.org/doc/packaging-manuals/copyright-format/1.0/")
+for annotation in tomllib.load(open(sys.argv[1], "rb"))["annotations"]:
+    paths = annotation["path"] if isinstance(annotation["path"], list) else [annotation["path"]]
+    print("\nFiles:", " ".join(path.replace("**", "*") for path in paths))
+    print("Copyright:", annotation["SPDX-FileCopyrightText"])
+    print("License:", annotation["SPDX-License-Identifier"])
+END
+reuse --root tree lint >reuse.txt 2>&1 || fail "$(cat reuse.txt)"
+
+# Debian's own build asks for the packages that ./run installs.
+for package in $(awk '/^\[/ { wanted = /run/; next } wanted && /^[^#]/' "$source/packages.txt"); do
+    [ "$package" = g++ ] || grep -q "^ $package,$" "$source/packaging/debian/control" || fail "no $package in debian/control"
 done

@@ -66,7 +66,7 @@ void setUpDesktop()
     QApplication::setStyle(new DesktopStyle);
     QApplication::setApplicationName(QStringLiteral("Quorrin Map Maker"));
     QApplication::setApplicationVersion(QString::fromStdString(Application::Version()));
-    QApplication::setDesktopFileName(QStringLiteral("org.quorrin.MapMaker"));
+    QApplication::setDesktopFileName(QStringLiteral("org.quorrin.mapmaker"));
     registerArt();
     QIcon icon;
     for (const auto* name : {"Icon32", "Icon128"})
