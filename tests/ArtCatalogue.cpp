@@ -53,10 +53,11 @@ TEST(ArtCatalogue, EveryObjectHasAllItsPicturesInOneSizeAndShape)
         EXPECT_EQ(!row.mask, row.departure >= Departure::Plain) << row.name;
         EXPECT_EQ(!row.mask, !row.blackAndWhite) << row.name;
         for (const auto accessor : {row.color, row.mask, row.blackAndWhite}) {
-            if (accessor)
+            if (accessor) {
                 EXPECT_EQ(std::pair(accessor()->Width(), accessor()->Height()),
                           (std::pair<std::int64_t, std::int64_t>(side, side)))
                     << row.name;
+            }
         }
         if (!row.mask)
             continue;

@@ -206,8 +206,9 @@ TEST_F(Clicks, ChangeWhatTheToolIsForAndNothingElse)
         // What counts is where the button comes up.
         EXPECT_EQ(effectOf([&] { window.Canvas1.Press(7, 42), window.Canvas1.Release(x2, y3); }),
                   undo ? both : nothing);
-        if (undo)
+        if (undo) {
             EXPECT_TRUE(undo()) << tool << ", " << layer;
+        }
         EXPECT_EQ(window.MapText(), before);
         EXPECT_EQ(*top.Wall, cWall());
     }

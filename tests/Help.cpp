@@ -50,8 +50,9 @@ TEST_F(Help, LeadsToNothingThatIsNotThere)
     EXPECT_TRUE(read.contains(folder / "images/objects/123-bw.png"));
     // And no page stands where nothing leads.
     for (const auto& entry : fs::directory_iterator(folder))
-        if (!entry.is_directory())
+        if (!entry.is_directory()) {
             EXPECT_TRUE(read.contains(entry.path())) << entry.path();
+        }
 }
 
 TEST_F(Help, ShowsTheVersionInTheAboutWindow)

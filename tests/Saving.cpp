@@ -134,8 +134,9 @@ TEST_F(Saving, WhereNoFileCanBeReplacedItIsWrittenInPlaceOrRefusedInSilence)
         stat((folder / "Map.qrnm").c_str(), &after);
         EXPECT_EQ(std::tuple(before.st_ino, before.st_uid, before.st_mode),
                   std::tuple(after.st_ino, after.st_uid, after.st_mode));
-        if (isSaved)
+        if (isSaved) {
             EXPECT_TRUE(std::filesystem::is_empty(folder / "state/quorrin-map-maker/recovery"));
+        }
     }
     std::filesystem::permissions(folder.path, std::filesystem::perms(0777));
 }
