@@ -20,16 +20,9 @@ QString& lastFolder()
     return folder;
 }
 
-Ref<FolderItem> stateFolder()
-{
-    const QString wanted = qEnvironmentVariable("XDG_STATE_HOME");
-    const QString state = QDir::isAbsolutePath(wanted) ? wanted : QDir::homePath() + "/.local/state";
-    return New<FolderItem>(QtBridge::plainPath(state + "/quorrin-map-maker"));
-}
-
 iniClass remembered()
 {
-    return iniClass(stateFolder()->Child("folders.ini"));
+    return iniClass(SpecialFolder::State()->Child("folders.ini"));
 }
 
 std::string keyOf(FileKind kind)
@@ -67,7 +60,7 @@ void rememberFolder(FileKind kind, const QString& file)
     // The file of the folders has lines.
     if (folder == rememberedFolder(kind) || folder.contains('\r') || !QFileInfo(folder).isDir())
         return;
-    stateFolder()->CreateAsFolder();
+    SpecialFolder::State()->CreateAsFolder();
     remembered().SetPreference(section, keyOf(kind), QtBridge::plainPath(folder));
 }
 

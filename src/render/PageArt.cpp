@@ -1,5 +1,6 @@
 #include "render/PageArt.h"
 
+#include "document/Board.h"
 #include "render/Art.h"
 
 namespace quorrin {
@@ -27,13 +28,12 @@ constexpr GridLines portraitLines{37, 6, 532, 750, 576, 756};
 
 void drawColoredGrid(Graphics& g, Color color, const GridLines& lines)
 {
-    constexpr int pitch = 62;
     g.PenWidth = 2;
     g.PenHeight = 2;
     g.ForeColor = color;
-    for (int y = lines.top; y <= lines.lastY; y += pitch)
+    for (int y = lines.top; y <= lines.lastY; y += Board::pitch)
         g.DrawLine(lines.left, y, lines.right, y);
-    for (int x = lines.left; x <= lines.lastX; x += pitch)
+    for (int x = lines.left; x <= lines.lastX; x += Board::pitch)
         g.DrawLine(x, lines.top, x, lines.bottom);
 }
 

@@ -14,6 +14,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstdio>
+#include <cstdlib>
 #include <ctime>
 #include <filesystem>
 #include <random>
@@ -367,6 +368,18 @@ void TextOutputStream::Close()
 Ref<FolderItem> SpecialFolder::ApplicationData()
 {
     return New<FolderItem>(QtBridge::plainPath(QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation)));
+}
+
+Ref<FolderItem> SpecialFolder::State()
+{
+    const auto variable = [](const char* name) {
+        const char* value = std::getenv(name);
+        return std::string(value ? value : "");
+    };
+    auto state = variable("XDG_STATE_HOME");
+    if (!state.starts_with('/'))
+        state = variable("HOME") + "/.local/state";
+    return New<FolderItem>(state + "/quorrin-map-maker");
 }
 
 Ref<FolderItem> SpecialFolder::Executable()

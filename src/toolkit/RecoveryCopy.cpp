@@ -131,14 +131,7 @@ std::uint64_t number(const std::string& text)
 
 std::string RecoveryCopy::Folder()
 {
-    const auto variable = [](const char* name) {
-        const char* value = std::getenv(name);
-        return std::string(value ? value : "");
-    };
-    auto state = variable("XDG_STATE_HOME");
-    if (!state.starts_with('/'))
-        state = variable("HOME") + "/.local/state";
-    return state + "/quorrin-map-maker/recovery";
+    return SpecialFolder::State()->Child("recovery")->Path();
 }
 
 RecoveryCopy::RecoveryCopy(std::string path, int lock) : path_(std::move(path)), lock_(lock)

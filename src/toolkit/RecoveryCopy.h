@@ -24,7 +24,7 @@ public:
     };
     using Sink = std::function<void(std::string_view piece)>;
 
-    /// The folder that all copies lie in: quorrin-map-maker/recovery in $XDG_STATE_HOME or ~/.local/state.
+    /// The folder that all copies lie in, in the state folder.
     static std::string Folder();
     /// A new one, still empty. Raises IOException when there can be none.
     static std::unique_ptr<RecoveryCopy> Create();
