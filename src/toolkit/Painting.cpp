@@ -249,6 +249,28 @@ void carryOut(const Step& step, const Surface& surface)
     std::visit([&](const auto& known) { carryOut(known, surface); }, step);
 }
 
+bool PictureStep::operator==(const PictureStep& other) const
+{
+    return target == other.target && part == other.part && fit == other.fit && degrees == other.degrees
+           && upsideDown == other.upsideDown && source->showsWhat(*other.source);
+}
+
+std::optional<QRectF> touchedArea(const Step& step)
+{
+    struct Area {
+        std::optional<QRectF> operator()(const FillStep& fill) const { return fill.area; }
+        std::optional<QRectF> operator()(const RingStep& ring) const { return ring.area; }
+        std::optional<QRectF> operator()(const SweptStep& line) const { return line.area.boundingRect(); }
+        std::optional<QRectF> operator()(const StampedStep& line) const
+        {
+            return QRectF(line.from, line.to).normalized().adjusted(-1, -1, line.penWidth + 1, line.penHeight + 1);
+        }
+        std::optional<QRectF> operator()(const PictureStep& picture) const { return picture.target; }
+        std::optional<QRectF> operator()(const TextStep&) const { return std::nullopt; }
+    };
+    return std::visit(Area(), step);
+}
+
 QImage withSize(const QImage& image, QSize size)
 {
     return image.isNull() || image.size() == size ? image

@@ -3,6 +3,7 @@
 #include "toolkit/CarriedArt.h"
 #include "toolkit/Picture.h"
 #include "toolkit/PictureDecoding.h"
+#include "toolkit/Repainting.h"
 
 #include <QCache>
 #include <QColorSpace>
@@ -117,8 +118,13 @@ Drawing::Drawing(const Drawing& other)
 
 Drawing::~Drawing()
 {
-    if (hasLarger_)
-        forgetLarger(id_);
+    if (!hasLarger_)
+        return;
+    if (steps_.size() >= fewestStepsToRepaint)
+        for (int scale = 2; scale <= largestPictureScale; ++scale)
+            if (const std::unique_ptr<QImage> image{largerPictures().take({id_, scale})})
+                keepForRepainting({size(), opaque_, scale, steps_, std::move(*image)});
+    forgetLarger(id_);
 }
 
 bool Drawing::coversAll(const Step& step) const
@@ -194,6 +200,9 @@ QImage Drawing::enlarged(int scale) const
 {
     if (origin_ == Origin::Art)
         return largeArt(artName_, size() * scale);
+    if (steps_.size() >= fewestStepsToRepaint)
+        if (QImage image = repainted(size(), opaque_, scale, steps_); !image.isNull())
+            return image;
     QImage image = blank(scale);
     if (!image.isNull()) {
         QPainter painter(&image);
@@ -242,6 +251,15 @@ bool Drawing::replay(const Surface& surface) const
 bool Drawing::isClear() const
 {
     return size().isEmpty() || (origin_ == Origin::Blank && !opaque_ && steps_.empty());
+}
+
+bool Drawing::showsWhat(const PictureSource& other) const
+{
+    if (this == &other)
+        return true;
+    const auto* drawing = dynamic_cast<const Drawing*>(&other);
+    return drawing && origin_ == Origin::Blank && drawing->origin_ == Origin::Blank && opaque_ == drawing->opaque_
+           && size() == drawing->size() && steps_ == drawing->steps_;
 }
 
 MaskedPicture::MaskedPicture(std::shared_ptr<const PictureSource> own, std::shared_ptr<const PictureSource> mask,

@@ -39,6 +39,9 @@ public:
     /// Whether nothing of it would be seen.
     virtual bool isClear() const { return size_.isEmpty(); }
 
+    /// Whether it is known to show the same as the other at every scale.
+    virtual bool showsWhat(const PictureSource& other) const { return this == &other; }
+
     /// How many pictures drawn on pictures stand behind this one.
     virtual int depth() const { return 0; }
 
@@ -78,6 +81,7 @@ public:
     int scaleToMaskAt(int scale) const override;
     bool replay(const Surface& surface) const override;
     bool isClear() const override;
+    bool showsWhat(const PictureSource& other) const override;
     int depth() const override { return depth_; }
 
 private:
