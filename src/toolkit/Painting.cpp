@@ -123,6 +123,23 @@ QImage shownPixels(const PictureStep& step, int scale, QSize wanted)
     return turned(withSize(all, step.source->size() * scale), step);
 }
 
+/// The step without what lies beyond the surface, if the picture is larger than that: to enlarge all of a drawing of
+/// 4096 by 4096 four times would take a gigabyte.
+PictureStep withinBounds(PictureStep step, const Surface& surface)
+{
+    const QPainter& painter = surface.painter;
+    const QRectF bounds = times(painter.worldTransform().inverted().mapRect(QRectF(painter.window())),
+                                1 / surface.pixelsPerUnit());
+    if (step.fit != PictureStep::Fit::Natural
+        || (step.target.width() <= bounds.width() && step.target.height() <= bounds.height()))
+        return step;
+    const QPointF corner = step.target.topLeft();
+    step.target &= bounds;
+    step.part = step.target.translated(-corner);
+    step.fit = PictureStep::Fit::Scaled;
+    return step;
+}
+
 void paintOnPicture(const PictureStep& step, const Surface& surface)
 {
     const QRectF target = times(step.target, surface.pixelsPerUnit());
@@ -236,10 +253,10 @@ void carryOut(const PictureStep& step, const Surface& surface)
         return;
     if (surface.kind == Surface::Kind::Paper)
         paintOnPaper(step, surface);
-    else if (surface.kind == Surface::Kind::Screen && surface.scale > 1)
-        paintOnScreen(step, surface);
-    else
+    else if (surface.scale == 1)
         paintOnPicture(step, surface);
+    else if (const PictureStep seen = withinBounds(step, surface); !seen.target.isEmpty())
+        surface.kind == Surface::Kind::Screen ? paintOnScreen(seen, surface) : paintOnPicture(seen, surface);
 }
 
 } // namespace

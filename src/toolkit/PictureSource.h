@@ -33,6 +33,9 @@ public:
     /// Carries out on paper, in units, what was drawn; false where there are only pixels.
     virtual bool replay(const Surface&) const { return false; }
 
+    /// Whether it has the same pixels at every scale.
+    virtual bool isPixels() const { return false; }
+
     /// Whether it hides all that lies below it.
     virtual bool isOpaque() const { return false; }
 
@@ -70,7 +73,7 @@ public:
     ~Drawing() override;
 
     bool isOpaque() const override { return opaque_; }
-    bool isPixels() const { return origin_ == Origin::Pixels; }
+    bool isPixels() const override { return origin_ == Origin::Pixels; }
 
     void draw(Step step);
     /// The pixels at scale 1, to be changed. From now on the picture is these pixels alone.
