@@ -9,12 +9,8 @@ namespace {
 
 constexpr std::int64_t lastMarker = 21;
 
-Ref<Picture> drawnMarker(std::int64_t markerNumber)
+void drawMarker(Graphics& g, std::int64_t markerNumber)
 {
-    auto tile = New<Picture>(markerTileSize, markerTileSize);
-    if (markerNumber == 0)
-        return tile;
-    auto& g = tile->Graphics();
     g.ForeColor = black;
     g.DrawOval(2, 2, 54, 54);
     g.TextSize = 36;
@@ -26,7 +22,6 @@ Ref<Picture> drawnMarker(std::int64_t markerNumber)
     const auto x = (markerTileSize - width) / 2 + 1;
     const auto y = markerTileSize - (markerTileSize - height) / 2 - 10;
     g.DrawString(text, static_cast<double>(x), static_cast<double>(y));
-    return tile;
 }
 
 } // namespace
@@ -48,8 +43,10 @@ const Ref<Picture>& markerTile(std::int64_t markerNumber)
     static Array<Ref<Picture>, lastMarker> drawn;
     const auto known = markerNumber >= 1 && markerNumber <= lastMarker ? markerNumber : 0;
     auto& tile = drawn(known);
+    // Fonts are loaded for a marker that is seen, and for none else: that takes as long as a page.
     if (!tile)
-        tile = drawnMarker(known);
+        tile = known == 0 ? New<Picture>(markerTileSize, markerTileSize)
+                          : Picture::Later(markerTileSize, markerTileSize, [=](Graphics& g) { drawMarker(g, known); });
     return tile;
 }
 

@@ -76,12 +76,14 @@ QImage pixelsOf(QImage image)
 
 bool isWhite(QRgb premultiplied)
 {
-    const int alpha = qAlpha(premultiplied);
-    return alpha > 0 && qRed(premultiplied) == alpha && qGreen(premultiplied) == alpha && qBlue(premultiplied) == alpha;
+    const QRgb alpha = premultiplied >> 24;
+    return alpha > 0 && premultiplied == alpha * 0x01010101;
 }
 
 QRgb fade(QRgb premultiplied, int cover)
 {
+    if (cover == 0 || cover == 255)
+        return cover == 0 ? 0 : premultiplied;
     const auto part = [cover](int value) { return (value * cover + 127) / 255; };
     return qRgba(part(qRed(premultiplied)), part(qGreen(premultiplied)), part(qBlue(premultiplied)),
                  part(qAlpha(premultiplied)));
@@ -93,13 +95,16 @@ QImage withMaskAndTransparency(const QImage& source, const QImage* mask, bool wh
     const QImage greys = mask ? mask->convertToFormat(QImage::Format_RGB32) : QImage();
     for (int y = 0; y < result.height(); ++y) {
         auto* line = reinterpret_cast<QRgb*>(result.scanLine(y));
-        const auto* grey = mask && y < greys.height() ? reinterpret_cast<const QRgb*>(greys.constScanLine(y)) : nullptr;
-        for (int x = 0; x < result.width(); ++x) {
-            if (whiteIsClear && isWhite(line[x]))
-                line[x] = 0;
-            if (mask)
-                line[x] = fade(line[x], grey && x < greys.width() ? 255 - qGray(grey[x]) : 0);
-        }
+        const int width = result.width();
+        if (whiteIsClear)
+            std::replace_if(line, line + width, isWhite, QRgb{0});
+        if (!mask)
+            continue;
+        const int masked = y < greys.height() ? std::min(width, greys.width()) : 0;
+        const auto* grey = masked > 0 ? reinterpret_cast<const QRgb*>(greys.constScanLine(y)) : nullptr;
+        for (int x = 0; x < masked; ++x)
+            line[x] = fade(line[x], 255 - qGray(grey[x]));
+        std::fill(line + masked, line + width, QRgb{0});
     }
     return result;
 }
@@ -107,6 +112,10 @@ QImage withMaskAndTransparency(const QImage& source, const QImage* mask, bool wh
 } // namespace
 
 Drawing::Drawing(QSize size, bool opaque) : PictureSource(size), origin_(Origin::Blank), opaque_(opaque), id_(newId())
+{}
+
+Drawing::Drawing(QSize size, std::function<std::vector<Step>()> makeSteps)
+    : PictureSource(size), origin_(Origin::Blank), opaque_(false), makeSteps_(std::move(makeSteps)), id_(newId())
 {}
 
 Drawing::Drawing(std::string artName, QSize size, bool opaque)
@@ -120,7 +129,7 @@ Drawing::Drawing(QSize size, QImage pixels, std::shared_ptr<const std::string> f
 
 Drawing::Drawing(const Drawing& other)
     : PictureSource(other), origin_(other.origin_), opaque_(other.opaque_), artName_(other.artName_),
-      file_(other.file_), steps_(other.steps_), depth_(other.depth_), plain_(other.plain_), painted_(other.painted_),
+      file_(other.file_), steps_(other.steps()), depth_(other.depth_), plain_(other.plain_), painted_(other.painted_),
       id_(newId())
 {}
 
@@ -133,6 +142,13 @@ Drawing::~Drawing()
             if (const std::unique_ptr<QImage> image{largerPictures().take({id_, scale})})
                 keepForRepainting({size(), opaque_, scale, steps_, std::move(*image)});
     forgetLarger(id_);
+}
+
+const std::vector<Step>& Drawing::steps() const
+{
+    if (makeSteps_)
+        steps_ = std::exchange(makeSteps_, nullptr)();
+    return steps_;
 }
 
 bool Drawing::coversAll(const Step& step) const
@@ -153,7 +169,7 @@ void Drawing::draw(Step step)
     const int depth = picture ? picture->source->depth() + 1 : 1;
     // A line without smooth edges belongs to a drawing that is kept as pixels, in memory as in the map's file.
     const bool asPixels = origin_ != Origin::Blank || std::holds_alternative<StampedStep>(step)
-                          || steps_.size() >= mostSteps || depth > mostDepth;
+                          || steps().size() >= mostSteps || depth > mostDepth;
     if (asPixels) {
         QImage& image = pixels();
         if (image.isNull())
@@ -187,7 +203,7 @@ QImage Drawing::blank(int scale) const
     if (size().isEmpty())
         return {};
     QImage image(size() * scale, opaque_ ? QImage::Format_RGB32 : QImage::Format_ARGB32_Premultiplied);
-    if (steps_.empty() || !coversAll(steps_.front()))
+    if (steps().empty() || !coversAll(steps().front()))
         image.fill(opaque_ ? Qt::white : Qt::transparent);
     return image;
 }
@@ -196,7 +212,7 @@ QImage& Drawing::plain() const
 {
     if (plain_.isNull())
         plain_ = origin_ == Origin::Art ? plainArt(artName_) : blank(1);
-    if (painted_ < steps_.size() && !plain_.isNull()) {
+    if (painted_ < steps().size() && !plain_.isNull()) {
         QPainter painter(&plain_);
         for (; painted_ < steps_.size(); ++painted_)
             carryOut(steps_[painted_], {painter});
@@ -208,7 +224,7 @@ QImage Drawing::enlarged(int scale) const
 {
     if (origin_ == Origin::Art)
         return largeArt(artName_, size() * scale);
-    if (steps_.size() >= fewestStepsToRepaint)
+    if (steps().size() >= fewestStepsToRepaint)
         if (QImage image = repainted(size(), opaque_, scale, steps_); !image.isNull())
             return image;
     QImage image = blank(scale);
@@ -254,14 +270,14 @@ bool Drawing::replay(const Surface& surface) const
         return false;
     if (opaque_)
         surface.painter.fillRect(QRectF(QPointF(0, 0), size()), Qt::white);
-    for (const Step& step : steps_)
+    for (const Step& step : steps())
         carryOut(step, surface);
     return true;
 }
 
 bool Drawing::isClear() const
 {
-    return size().isEmpty() || (origin_ == Origin::Blank && !opaque_ && steps_.empty());
+    return size().isEmpty() || (origin_ == Origin::Blank && !opaque_ && !makeSteps_ && steps_.empty());
 }
 
 bool Drawing::showsWhat(const PictureSource& other) const
@@ -270,7 +286,7 @@ bool Drawing::showsWhat(const PictureSource& other) const
         return true;
     const auto* drawing = dynamic_cast<const Drawing*>(&other);
     return drawing && origin_ == Origin::Blank && drawing->origin_ == Origin::Blank && opaque_ == drawing->opaque_
-           && size() == drawing->size() && steps_ == drawing->steps_;
+           && size() == drawing->size() && steps() == drawing->steps();
 }
 
 MaskedPicture::MaskedPicture(std::shared_ptr<const PictureSource> own, std::shared_ptr<const PictureSource> mask,

@@ -5,6 +5,7 @@
 #include "toolkit/Painting.h"
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -63,6 +64,8 @@ class Drawing : public PictureSource {
 public:
     /// A blank picture: white when it is opaque, else clear.
     Drawing(QSize size, bool opaque);
+    /// A clear picture with steps that are made when somebody first looks.
+    Drawing(QSize size, std::function<std::vector<Step>()> makeSteps);
     /// A picture that the program carries.
     Drawing(std::string artName, QSize size, bool opaque);
     /// Pixels, as many as the image has. Where the image file that they come from has more, its bytes are kept for
@@ -74,6 +77,7 @@ public:
 
     bool isOpaque() const override { return opaque_; }
     bool isPixels() const override { return origin_ == Origin::Pixels; }
+    const std::vector<Step>& steps() const;
 
     void draw(Step step);
     /// The pixels at scale 1, to be changed. From now on the picture is these pixels alone.
@@ -99,7 +103,9 @@ private:
     bool opaque_;
     std::string artName_;
     std::shared_ptr<const std::string> file_;
-    std::vector<Step> steps_;
+    mutable std::function<std::vector<Step>()> makeSteps_;
+    /// To be read by steps().
+    mutable std::vector<Step> steps_;
     int depth_ = 0;
     /// The pixels at scale 1 with the first `painted_` steps on them.
     mutable QImage plain_;
