@@ -49,7 +49,7 @@ std::string withSingleByteMarks(std::string text)
     return text;
 }
 
-void readSquares(const std::string& list, const Window1::Layer& squares)
+void readSquares(const std::string& list, Window1::Layer& squares)
 {
     const auto items = parts(list, ItemMark);
     std::int64_t n = 0;
@@ -66,7 +66,7 @@ void readSquares(const std::string& list, const Window1::Layer& squares)
     }
 }
 
-void readWalls(const std::string& section, const Window1::Layer& squares)
+void readWalls(const std::string& section, Window1::Layer& squares)
 {
     const auto items = parts(section, ItemMark);
     std::int64_t n = 0;

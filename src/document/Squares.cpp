@@ -5,7 +5,7 @@ namespace quorrin {
 
 namespace {
 
-void place(const Window1::Layer& squares, const Board& board)
+void place(Window1::Layer& squares, const Board& board)
 {
     for (int i = 1; i <= Window1::columns; ++i) {
         for (int j = 1; j <= Window1::rows; ++j) {

@@ -32,13 +32,13 @@ public:
     /// The sides of a page in page pixels; landscape is longSide wide.
     static constexpr int longSide = 756;
     static constexpr int shortSide = 576;
-    using Layer = Array2<Ref<cSquare>, columns>;
+    using Layer = Array2<Owned<cSquare>, columns>;
 
     /// The layers, addressed by column and row from 1; index 0 stays nil and is never read.
     Layer mySquares;
     Layer mySquaresTop;
-    Array<Ref<cCharacter>, characters> myCharacters;
-    Ref<cScript> myScript;
+    Array<Owned<cCharacter>, characters> myCharacters;
+    Owned<cScript> myScript;
     /// The layer on which objects are drawn: the one that pmObjectLayer shows.
     Layer& DrawingLayer() { return pmObjectLayer.ListIndex == 0 ? mySquares : mySquaresTop; }
     /// The free drawing, nil for none.

@@ -8,7 +8,7 @@ namespace quorrin {
 namespace {
 
 template <typename Edit>
-void forEachSquare(const Window1::Layer& squares, Edit edit)
+void forEachSquare(Window1::Layer& squares, Edit edit)
 {
     for (int i = 1; i <= Window1::columns; ++i)
         for (int j = 1; j <= Window1::rows; ++j)

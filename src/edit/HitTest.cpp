@@ -26,10 +26,12 @@ std::optional<Cell> cellAt(const Window1::Layer& squares, std::int64_t x, std::i
     return {};
 }
 
-Ref<cSquare> squareAt(const Window1::Layer& squares, std::int64_t x, std::int64_t y)
+Ref<cSquare> squareAt(Window1::Layer& squares, std::int64_t x, std::int64_t y)
 {
     const auto cell = cellAt(squares, x, y);
-    return cell ? squares(cell->column, cell->row) : nullptr;
+    if (!cell)
+        return nullptr;
+    return squares(cell->column, cell->row);
 }
 
 } // namespace quorrin

@@ -22,6 +22,6 @@ inline constexpr std::int64_t hitReach = 60;
 std::optional<Cell> cellAt(const Window1::Layer& squares, std::int64_t x, std::int64_t y);
 
 /// The same, nil beside the squares.
-Ref<cSquare> squareAt(const Window1::Layer& squares, std::int64_t x, std::int64_t y);
+Ref<cSquare> squareAt(Window1::Layer& squares, std::int64_t x, std::int64_t y);
 
 } // namespace quorrin

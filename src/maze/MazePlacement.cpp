@@ -29,14 +29,14 @@ struct Stretch {
 constexpr Stretch landscapeStretch{11, 7, 6, 11, {{1, 6}, {12, 6}}, 8, 8, {{8, 1}, {8, 8}}};
 constexpr Stretch portraitStretch{7, 11, 8, 8, {{1, 7}, {8, 7}}, 6, 12, {{5, 1}, {5, 12}}};
 
-void layObjects(const Window1::Layer& squares, std::int64_t object)
+void layObjects(Window1::Layer& squares, std::int64_t object)
 {
     for (int x = 1; x <= mMaze::MAZE_X; ++x)
         for (int y = 1; y <= mMaze::MAZE_Y; ++y)
             squares(x, y)->thisObject = mMaze::blnMaze(x, y) ? 0 : object;
 }
 
-void stretch(const Window1::Layer& squares, const Stretch& how, std::int64_t object)
+void stretch(Window1::Layer& squares, const Stretch& how, std::int64_t object)
 {
     for (int y = how.height; y >= how.doubledRow; --y)
         for (int x = 1; x <= how.rowLength; ++x)
@@ -52,7 +52,7 @@ void stretch(const Window1::Layer& squares, const Stretch& how, std::int64_t obj
 
 /// The wall that a solid position of the grid stands for. Odd grid rows are the horizontal lines, even ones the
 /// vertical lines; column 1 stands outside the maze.
-void setWall(const Window1::Layer& squares, bool landscape, int gridColumn, int gridRow)
+void setWall(Window1::Layer& squares, bool landscape, int gridColumn, int gridRow)
 {
     const int row = (gridRow + 1) / 2;
     const bool last = gridColumn == mMaze::MAZE_X;

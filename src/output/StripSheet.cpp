@@ -86,9 +86,9 @@ void drawInstructions(Graphics& g)
 
 } // namespace
 
-std::vector<Ref<cCharacter>> charactersToCut(const Window1& window)
+std::vector<Ref<const cCharacter>> charactersToCut(const Window1& window)
 {
-    std::vector<Ref<cCharacter>> found;
+    std::vector<Ref<const cCharacter>> found;
     for (int n = 1; n <= Window1::characters; ++n)
         if (const auto& character = window.myCharacters(n); character->Icon || character->Number > 0)
             found.push_back(character);
@@ -111,7 +111,7 @@ std::optional<StripSheet> stripSheet(double square, int strips, const PaperWish&
     return paper ? std::optional(onPaper(*paper)) : std::nullopt;
 }
 
-void printStrips(Graphics& g, const StripSheet& sheet, const std::vector<Ref<cCharacter>>& characters)
+void printStrips(Graphics& g, const StripSheet& sheet, const std::vector<Ref<const cCharacter>>& characters)
 {
     const int perPage = sheet.columns * sheet.rows;
     g.PenWidth = g.PenHeight = linePen;
