@@ -49,9 +49,9 @@ bool Window1::_mnuNew_Action()
     if (!mayGoOn("Save current changes?"))
         return false;
     Initialize();
-    pmLandscape.ListIndex = 0;
-    pmBackground.ListIndex = 0;
-    pmGrid.ListIndex = 0;
+    pmLandscape.ListIndex = Orientation::Landscape;
+    pmBackground.ListIndex = Background::White;
+    pmGrid.ListIndex = Grid::None;
     cbShowClickable.Value = false;
     ClearAllWallChecks();
     rWallColor.FillColor = black;
@@ -59,7 +59,7 @@ bool Window1::_mnuNew_Action()
                              &pmObjectLayer, &pmObjects, &pmColorBW})
         popup->ListIndex = 0;
     cbShowDMObjects.Value = false;
-    pmDM.ListIndex = 0;
+    pmDM.ListIndex = blank;
     RenderMap(true);
     isDirty = false;
     return true;

@@ -5,23 +5,19 @@ namespace quorrin {
 
 namespace {
 
-void place(Window1::Layer& squares, const Board& board)
+void place(Layer& squares, const Board& board)
 {
-    for (int i = 1; i <= Window1::columns; ++i) {
-        for (int j = 1; j <= Window1::rows; ++j) {
-            cSquare& square = *squares(i, j);
-            square.Visible = i <= board.columns && j <= board.rows;
-            square.x = (i - 1) * Board::pitch + board.left;
-            square.y = (j - 1) * Board::pitch + board.top;
-        }
-    }
+    forEachCell([&](int column, int row) {
+        cSquare& square = *squares(column, row);
+        square.Visible = column <= board.columns && row <= board.rows;
+        square.x = (column - 1) * Board::pitch + board.left;
+        square.y = (row - 1) * Board::pitch + board.top;
+    });
 }
 
-void makeAnew(Window1::Layer& squares)
+void makeAnew(Layer& squares)
 {
-    for (int i = 1; i <= Window1::columns; ++i)
-        for (int j = 1; j <= Window1::rows; ++j)
-            squares(i, j) = New<cSquare>();
+    forEachCell([&](int column, int row) { squares(column, row) = New<cSquare>(); });
 }
 
 } // namespace
@@ -41,8 +37,8 @@ void Window1::Initialize()
     makeAnew(mySquares);
     makeAnew(mySquaresTop);
     myScript = New<cScript>();
-    SetSquaresVisible(0);
-    SetTopSquaresVisible(0);
+    SetSquaresVisible(Orientation::Landscape);
+    SetTopSquaresVisible(Orientation::Landscape);
     for (int n = 1; n <= characters; ++n)
         myCharacters(n) = New<cCharacter>();
 

@@ -1,10 +1,11 @@
 #pragma once
 
+#include "document/Board.h"
+#include "document/Layer.h"
 #include "document/MapSnapshot.h"
 #include "document/Rows.h"
 #include "document/cCharacter.h"
 #include "document/cScript.h"
-#include "document/cSquare.h"
 #include "toolkit/Arrays.h"
 #include "toolkit/Files.h"
 #include "toolkit/Window.h"
@@ -26,21 +27,21 @@ public:
 
     // --- The document (src/document) ---------------------------------------------------------------------------
 
-    static constexpr int columns = 12;
-    static constexpr int rows = 12;
+    using Layer = quorrin::Layer;
+    static constexpr int columns = Layer::columns;
+    static constexpr int rows = Layer::rows;
     static constexpr int characters = 20;
     /// The sides of a page in page pixels; landscape is longSide wide.
     static constexpr int longSide = 756;
     static constexpr int shortSide = 576;
-    using Layer = Array2<Owned<cSquare>, columns>;
-
-    /// The layers, addressed by column and row from 1; index 0 stays nil and is never read.
     Layer mySquares;
     Layer mySquaresTop;
     Array<Owned<cCharacter>, characters> myCharacters;
     Owned<cScript> myScript;
     /// The layer on which objects are drawn: the one that pmObjectLayer shows.
-    Layer& DrawingLayer() { return pmObjectLayer.ListIndex == 0 ? mySquares : mySquaresTop; }
+    Layer& DrawingLayer() { return pmObjectLayer.ListIndex == ObjectLayer::Bottom ? mySquares : mySquaresTop; }
+    bool isPortrait() const { return quorrin::isPortrait(pmLandscape.ListIndex); }
+    const Board& board() const { return boardOf(pmLandscape.ListIndex); }
     /// The free drawing, nil for none.
     Ref<Picture> UserPicture;
     /// The page as it was last composed.
@@ -60,7 +61,7 @@ public:
 
     /// Makes squares, script and characters anew. Leaves the controls, the user picture, the name and isDirty.
     void Initialize();
-    /// Places and shows the squares of the bottom layer: 0 landscape, anything else portrait.
+    /// Places and shows the squares of the bottom layer for a row of pmLandscape.
     void SetSquaresVisible(std::int64_t orientation);
     void SetTopSquaresVisible(std::int64_t orientation);
 
@@ -117,6 +118,8 @@ public:
 
     /// The tabs are the tools: the one that shows says what a click on the map does.
     enum Tool { BackgroundTool, GridTool, WallTool, ObjectTool, MarkerTool };
+    /// The pages on the right.
+    enum Page { MapPage, ScriptPage, CharactersPage };
     void TabPanel1_Change();
 
     void pmLandscape_Change();
@@ -237,7 +240,7 @@ public:
         surface(), {20, 20, 292, 756}, {"Background", "Grid", "Walls", "Objects", "DM"}, &Window1::TabPanel1_Change};
 
     // Tab "Background"
-    const Place backgroundTab = TabPanel1.Page(0);
+    const Place backgroundTab = TabPanel1.Page(BackgroundTool);
     PopupMenu pmLandscape{backgroundTab, {40, 58, 252, 22}, landscapeRows, &Window1::pmLandscape_Change};
     PopupMenu pmBackground{backgroundTab, {40, 92, 252, 22}, backgroundRows, &Window1::pmBackground_Change};
     PushButton PushButton2{backgroundTab, {40, 126, 252, 22}, "Edit User Picture", &Window1::PushButton2_Action};
@@ -255,12 +258,12 @@ public:
     PopupMenu pmBorderRight{backgroundTab, {128, 338, 164, 22}, borderRows, &Window1::pmBorderRight_Change};
 
     // Tab "Grid"
-    const Place gridTab = TabPanel1.Page(1);
+    const Place gridTab = TabPanel1.Page(GridTool);
     PopupMenu pmGrid{gridTab, {40, 58, 252, 22}, gridRows, &Window1::pmGrid_Change};
     CheckBox cbShowClickable{gridTab, {40, 92, 229, 20}, "Show Clickable Regions", &Window1::cbShowClickable_Action};
 
     // Tab "Walls"
-    const Place wallsTab = TabPanel1.Page(2);
+    const Place wallsTab = TabPanel1.Page(WallTool);
     Label Label3{wallsTab, {40, 58, 107, 20}, "Walls"};
     CheckBox CheckBox1{wallsTab, {40, 90, 107, 20}, "Top", &Window1::CheckBox1_Action};
     CheckBox CheckBox2{wallsTab, {40, 122, 107, 20}, "Bottom", &Window1::CheckBox2_Action};
@@ -285,7 +288,7 @@ public:
     PushButton btnWallMaze{wallsTab, {40, 441, 252, 22}, "Generate Maze", &Window1::btnWallMaze_Action};
 
     // Tab "Objects"
-    const Place objectsTab = TabPanel1.Page(3);
+    const Place objectsTab = TabPanel1.Page(ObjectTool);
     Label Label9{objectsTab, {40, 58, 252, 20}, "Visible Layers"};
     PopupMenu pmVisibleLayers{objectsTab, {40, 90, 252, 22}, visibleLayerRows, &Window1::pmVisibleLayers_Change};
     Label Label7{objectsTab, {40, 139, 252, 20}, "Drawing Layer"};
@@ -304,7 +307,7 @@ public:
     PushButton btnMaze{objectsTab, {40, 441, 252, 22}, "Generate Maze", &Window1::btnMaze_Action};
 
     // Tab "DM"
-    const Place dmTab = TabPanel1.Page(4);
+    const Place dmTab = TabPanel1.Page(MarkerTool);
     GroupBox gbDMObjects{dmTab, {40, 58, 252, 168}};
     CheckBox cbShowDMObjects{
         gbDMObjects, {60, 78, 212, 20}, "Show Dungeon Master Objects", &Window1::cbShowDMObjects_Action, true};
@@ -320,7 +323,7 @@ public:
     // The pages on the right
     PagePanel PagePanel1{surface(), {324, 20, 760, 769}, 3};
 
-    const Place mapPage = PagePanel1.Page(0);
+    const Place mapPage = PagePanel1.Page(MapPage);
     Canvas Canvas1{mapPage,
                    {326, 22, 756, 576},
                    MouseHandlers<Window1>{.Paint = &Window1::Canvas1_Paint,
@@ -329,14 +332,14 @@ public:
                                           .ConstructContextualMenu = &Window1::Canvas1_ConstructContextualMenu,
                                           .ContextualMenuAction = &Window1::Canvas1_ContextualMenuAction}};
 
-    const Place scriptPage = PagePanel1.Page(1);
+    const Place scriptPage = PagePanel1.Page(ScriptPage);
     Label Label1{scriptPage, {344, 28, 720, 20}, "Monsters:"};
     TextArea txtMonster{scriptPage, {344, 53, 720, 100}, &Window1::txtMonster_TextChange};
     Label Label2{scriptPage, {344, 185, 720, 20}, "Game Text:"};
     TextArea txtGameText{scriptPage, {344, 217, 720, 375}, &Window1::txtGameText_TextChange};
     PushButton btnPrint{scriptPage, {344, 604, 100, 22}, "Print Script", &Window1::btnPrint_Action};
 
-    const Place charactersPage = PagePanel1.Page(2);
+    const Place charactersPage = PagePanel1.Page(CharactersPage);
     Canvas cvCharacters{charactersPage,
                         {326, 21, 756, 576},
                         MouseHandlers<Window1>{.Paint = &Window1::cvCharacters_Paint,

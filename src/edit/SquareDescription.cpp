@@ -8,16 +8,6 @@ namespace quorrin {
 
 namespace {
 
-struct FlagName {
-    bool cWall::*flag;
-    const char* name;
-};
-constexpr FlagName wallNames[] = {{&cWall::Top, "top"},     {&cWall::Bottom, "bottom"},
-                                  {&cWall::Left, "left"},   {&cWall::Right, "right"},
-                                  {&cWall::Slash, "slash"}, {&cWall::BackSlash, "backslash"}};
-constexpr FlagName doorNames[] = {
-    {&cWall::DoorTop, "top"}, {&cWall::DoorBottom, "bottom"}, {&cWall::DoorLeft, "left"}, {&cWall::DoorRight, "right"}};
-
 std::string joined(const std::vector<std::string>& words, const char* separator)
 {
     std::string all;
@@ -29,17 +19,16 @@ std::string joined(const std::vector<std::string>& words, const char* separator)
 /// The caption of a row; empty for "Blank" and for a number that has no row, neither of which shows on the map.
 std::string nameOf(const PopupMenu& popup, std::int64_t row)
 {
-    return row > 0 && row < popup.ListCount() ? popup.List(row) : "";
+    return row > blank && row < popup.ListCount() ? popup.List(row) : "";
 }
 
 /// The flags of one kind that are set, as in "walls top, left"; nothing when none is.
-template <typename Names>
-std::vector<std::string> flagsOf(const cWall& wall, const std::string& kind, const Names& names)
+std::vector<std::string> flagsOf(const cWall& wall, const std::string& kind, bool doors)
 {
     std::vector<std::string> set;
-    for (const auto& [flag, name] : names)
-        if (wall.*flag)
-            set.push_back(name);
+    for (const WallFlag& flag : wallFlags)
+        if (flag.isDoor() == doors && wall.*flag.flag)
+            set.push_back(flag.side);
     if (set.empty())
         return {};
     return {kind + (set.size() > 1 ? "s " : " ") + joined(set, ", ")};
@@ -52,8 +41,8 @@ void append(std::vector<std::string>& words, const std::vector<std::string>& mor
 
 std::vector<std::string> flagsOf(const cWall& wall)
 {
-    auto flags = flagsOf(wall, "wall", wallNames);
-    append(flags, flagsOf(wall, "door", doorNames));
+    auto flags = flagsOf(wall, "wall", false);
+    append(flags, flagsOf(wall, "door", true));
     return flags;
 }
 

@@ -10,16 +10,11 @@ namespace quorrin {
 
 namespace {
 
-bool isLandscape(const Window1& window)
-{
-    return window.pmLandscape.ListIndex == 0;
-}
-
 /// The pages that a person chose to print on, nil when cancelled. The first print of all asks for the page setup, too.
 std::unique_ptr<Graphics> openPrinter(Window1& window, Print what)
 {
     if (!Module1::myPrinterSetup)
-        Module1::ShowPageSetup(isLandscape(window));
+        Module1::ShowPageSetup(!window.isPortrait());
     return OpenPrinterDialog(Module1::myPrinterSetup, window, printTitle(window.mySavedFileName, what));
 }
 
@@ -60,7 +55,7 @@ bool staysUpright(double pageWidth, double pageHeight, double width)
 
 bool Window1::_mnPageSetup_Action()
 {
-    Module1::ShowPageSetup(isLandscape(*this));
+    Module1::ShowPageSetup(!isPortrait());
     return true;
 }
 

@@ -12,13 +12,13 @@ constexpr std::int64_t lastMarker = 21;
 Ref<Picture> drawnMarker(std::int64_t markerNumber)
 {
     auto tile = New<Picture>(markerTileSize, markerTileSize);
-    if (markerNumber == 0)
+    if (markerNumber == blank)
         return tile;
     auto& g = tile->Graphics();
     g.ForeColor = black;
     g.DrawOval(2, 2, 54, 54);
     g.TextSize = 36;
-    const auto text = markerNumber == 1 ? "H" : Str(markerNumber - 1);
+    const auto text = markerNumber == heros ? "H" : Str(markerNumber - heros);
     const auto width = Int(g.StringWidth(text));
     const auto height = Int(g.StringHeight(text, 60));
     // The baseline stands 10 above the bottom of a centred line of text. As a line has room for descenders, which
@@ -35,8 +35,8 @@ const Rows& markerRows()
 {
     static const Rows captions = [] {
         Rows all{"Blank", "Heros"};
-        for (std::int64_t marker = 2; marker <= lastMarker; ++marker)
-            all.push_back(Str(marker - 1));
+        for (std::int64_t marker = heros + 1; marker <= lastMarker; ++marker)
+            all.push_back(Str(marker - heros));
         return all;
     }();
     return captions;
@@ -46,7 +46,7 @@ const Ref<Picture>& markerTile(std::int64_t markerNumber)
 {
     // A marker looks the same on every map and in every mode, so each is drawn once, as if it were art.
     static Array<Ref<Picture>, lastMarker> drawn;
-    const auto known = markerNumber >= 1 && markerNumber <= lastMarker ? markerNumber : 0;
+    const auto known = markerNumber > blank && markerNumber <= lastMarker ? markerNumber : blank;
     auto& tile = drawn(known);
     if (!tile)
         tile = drawnMarker(known);

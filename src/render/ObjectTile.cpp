@@ -77,7 +77,7 @@ void drawObjectTile(Graphics& g, const Window1& window, std::int64_t objectNumbe
 {
     if (const auto character = characterOfObject(objectNumber)) {
         drawFigure(g, *window.myCharacters(character), colorMode, x, y);
-    } else if (objectNumber >= 1 && objectNumber <= lastCatalogueObject) {
+    } else if (objectNumber > blank && objectNumber <= lastCatalogueObject) {
         const auto& row = catalogue()[static_cast<std::size_t>(objectNumber - 1)];
         if (row.color)
             drawArt(g, artInMode(row, colorMode), x, y);
