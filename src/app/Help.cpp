@@ -1,5 +1,5 @@
-#include "app/Module1.h"
 #include "app/frmAbout.h"
+#include "document/Module1.h"
 #include "document/Window1.h"
 #include "toolkit/Platform.h"
 

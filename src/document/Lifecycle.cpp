@@ -1,6 +1,6 @@
-#include "app/Module1.h"
 #include "document/DocumentName.h"
 #include "document/FileTypes1.h"
+#include "document/Module1.h"
 #include "document/Window1.h"
 #include "toolkit/Platform.h"
 
@@ -31,6 +31,17 @@ bool Window1::mayGoOn(const std::string& message)
         break;
     }
     return false;
+}
+
+void Window1::Initialize()
+{
+    MakeAnew();
+    btnCharacterTool.Value = false;
+    btnCharacterTool.Enabled = true;
+    bbScriptTool.Value = false;
+    bbScriptTool.Enabled = true;
+    gbDMObjects.Enabled = true;
+    didMazePrompt = false;
 }
 
 void Window1::Event_Open()

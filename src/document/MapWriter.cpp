@@ -1,6 +1,6 @@
-#include "app/Module1.h"
 #include "document/FileTypes1.h"
 #include "document/MapMarks.h"
+#include "document/Module1.h"
 #include "document/Window1.h"
 #include "toolkit/Platform.h"
 #include "toolkit/Text.h"

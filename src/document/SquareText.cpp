@@ -1,5 +1,5 @@
-#include "app/Module1.h"
 #include "document/MapMarks.h"
+#include "document/Module1.h"
 #include "document/cSquare.h"
 #include "toolkit/Numbers.h"
 #include "toolkit/Text.h"

@@ -1,12 +1,9 @@
 #pragma once
 
 #include "document/Board.h"
-#include "document/Layer.h"
+#include "document/Map.h"
 #include "document/MapSnapshot.h"
 #include "document/Rows.h"
-#include "document/cCharacter.h"
-#include "document/cScript.h"
-#include "toolkit/Arrays.h"
 #include "toolkit/Files.h"
 #include "toolkit/Window.h"
 
@@ -16,9 +13,10 @@
 
 namespace quorrin {
 
-/// The main window, and the centre of the system: it holds the open map, the controls that are part of it, and what can
-/// be done with both. This is the map of the application; each section's operations are defined in the folder named.
-class Window1 : public Window {
+/// The main window, and the centre of the system: it is the open map with the controls that are part of it, and tells
+/// what can be done with both. This is the map of the application; each section's operations are defined in the folder
+/// named.
+class Window1 : public Window, public Map {
 public:
     Window1(); // src/app, as the next two
     ~Window1() override;
@@ -27,23 +25,10 @@ public:
 
     // --- The document (src/document) ---------------------------------------------------------------------------
 
-    using Layer = quorrin::Layer;
-    static constexpr int columns = Layer::columns;
-    static constexpr int rows = Layer::rows;
-    static constexpr int characters = 20;
-    /// The sides of a page in page pixels; landscape is longSide wide.
-    static constexpr int longSide = 756;
-    static constexpr int shortSide = 576;
-    Layer mySquares;
-    Layer mySquaresTop;
-    Array<Owned<cCharacter>, characters> myCharacters;
-    Owned<cScript> myScript;
     /// The layer on which objects are drawn: the one that pmObjectLayer shows.
     Layer& DrawingLayer() { return pmObjectLayer.ListIndex == ObjectLayer::Bottom ? mySquares : mySquaresTop; }
     bool isPortrait() const { return quorrin::isPortrait(pmLandscape.ListIndex); }
     const Board& board() const { return boardOf(pmLandscape.ListIndex); }
-    /// The free drawing, nil for none.
-    Ref<Picture> UserPicture;
     /// The page as it was last composed.
     Ref<Picture> myImage;
     /// The preview of the wall panel.
@@ -59,11 +44,8 @@ public:
     /// A maze was confirmed since the document was made.
     bool didMazePrompt = false;
 
-    /// Makes squares, script and characters anew. Leaves the controls, the user picture, the name and isDirty.
+    /// Makes squares, script and characters anew. Leaves the settings, the user picture, the name and isDirty.
     void Initialize();
-    /// Places and shows the squares of the bottom layer for a row of pmLandscape.
-    void SetSquaresVisible(std::int64_t orientation);
-    void SetTopSquaresVisible(std::int64_t orientation);
 
     void Event_Open() override;
     bool Event_CancelClose(bool appQuitting) override;
@@ -98,21 +80,11 @@ public:
         bool isDirty;
     };
     std::optional<PutAside> putAside;
-    /// A picture as text of the map file, flattened on white.
-    static std::string ConvertPictureToData(const Ref<Picture>& picture);
-    /// The picture of such a text, its white clear; nil when the text holds none.
-    Ref<Picture> ConvertDataToPicture(const std::string& text);
 
     // --- Composition (src/render) ------------------------------------------------------------------------------
 
     /// Composes the page anew into myImage.
     void RenderMap(bool includeUserPicture);
-    /// A new tile of 56 by 56 of an object in a colour mode (row of pmColorBW); clear for an unknown number.
-    Ref<Picture> DrawObject(std::int64_t objectNumber, std::int64_t colorMode);
-    /// A new tile of 56 by 56 of a marker; clear for an unknown number.
-    Ref<Picture> DrawDM(std::int64_t markerNumber);
-    /// Keeps the tile of a wall as the panel's preview.
-    void RenderWall(const Ref<cWall>& wall);
 
     // --- The tool panels (src/edit) ----------------------------------------------------------------------------
 
@@ -151,6 +123,8 @@ public:
     void btnWallMaze_Action(); // src/maze
     /// Shows the wall set of the check boxes as the preview; no square changes.
     void NewWall();
+    /// Keeps the tile of a wall as the panel's preview.
+    void RenderWall(const Ref<cWall>& wall);
     /// The wall set of the check boxes and the colour well.
     Ref<cWall> ChosenWall();
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "document/Window1.h"
+#include "document/Layer.h"
 
 #include <cstdint>
 #include <optional>

@@ -1,4 +1,5 @@
 #include "document/Window1.h"
+#include "edit/SquareDescription.h"
 #include "toolkit/Platform.h"
 
 // The tab "Walls". Boxes and colour prepare the next click and change no square.
@@ -94,6 +95,16 @@ void Window1::NewWall()
 {
     RenderWall(ChosenWall());
     Canvas2.Invalidate(true);
+}
+
+void Window1::RenderWall(const Ref<cWall>& wall)
+{
+    myWall = wall->Render();
+}
+
+std::string Window1::DescribeChosenWall()
+{
+    return describeWall(*ChosenWall());
 }
 
 void Window1::Canvas2_Paint(Graphics& g)

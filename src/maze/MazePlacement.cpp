@@ -1,6 +1,7 @@
-#include "document/Window1.h"
+#include "maze/MazePlacement.h"
+
+#include "document/Rows.h"
 #include "maze/mMaze.h"
-#include "toolkit/Platform.h"
 
 // Lays a maze on the map. The two kinds read the grid differently, and neither treats the sides of the page alike: kept
 // so that mazes look as users know them.
@@ -73,46 +74,28 @@ void setWall(Layer& squares, bool portrait, int gridColumn, int gridRow)
     }
 }
 
-/// One answer serves both kinds of maze, until the map is made anew.
-bool mayMakeMaze(bool& didPrompt, const std::string& question)
-{
-    if (!didPrompt)
-        didPrompt = Confirmed(question, "Create Maze");
-    return didPrompt;
-}
-
 } // namespace
 
-void Window1::btnMaze_Action()
+void placeObjectMaze(Map& map, Layer& layer, bool portrait, std::int64_t object)
 {
-    if (!mayMakeMaze(didMazePrompt,
-                     "Generating a maze will change all objects on this layer. Do you want to create a maze?"))
-        return;
-    const Stretch& how = isPortrait() ? portraitStretch : landscapeStretch;
+    const Stretch& how = portrait ? portraitStretch : landscapeStretch;
     mMaze::CreateMaze(how.width, how.height, true);
-    layObjects(DrawingLayer(), pmObjects.ListIndex);
+    layObjects(layer, object);
     // Always the bottom layer, also when the maze was laid on the top one.
-    stretch(mySquares, how, pmObjects.ListIndex);
-    RenderMap(true);
-    isDirty = true;
+    stretch(map.mySquares, how, object);
 }
 
-void Window1::btnWallMaze_Action()
+void placeWallMaze(Map& map, bool portrait)
 {
-    if (!mayMakeMaze(didMazePrompt,
-                     "Generating a maze will change all walls on this layer. Do you want to create a maze?"))
-        return;
-    forEachSquare(mySquares, [](cSquare& square) { square.Wall = New<cWall>(); });
-    if (isPortrait())
+    forEachSquare(map.mySquares, [](cSquare& square) { square.Wall = New<cWall>(); });
+    if (portrait)
         mMaze::CreateMaze(9, 23, true);
     else
         mMaze::CreateMaze(11, 15, true);
     for (int y = 1; y <= mMaze::MAZE_Y; ++y)
         for (int x = 1; x <= mMaze::MAZE_X; ++x)
             if (!mMaze::blnMaze(x, y))
-                setWall(mySquares, isPortrait(), x, y);
-    RenderMap(true);
-    isDirty = true;
+                setWall(map.mySquares, portrait, x, y);
 }
 
 } // namespace quorrin

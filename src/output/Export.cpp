@@ -1,8 +1,8 @@
 #include "output/Export.h"
 
-#include "app/Module1.h"
 #include "document/Board.h"
 #include "document/FileTypes1.h"
+#include "document/Module1.h"
 #include "document/Window1.h"
 #include "toolkit/Platform.h"
 #include "toolkit/Text.h"

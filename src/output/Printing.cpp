@@ -1,7 +1,7 @@
 #include "output/Printing.h"
 
-#include "app/Module1.h"
 #include "characters/Roster.h"
+#include "document/Module1.h"
 #include "document/Window1.h"
 #include "toolkit/Platform.h"
 #include "toolkit/Text.h"
@@ -72,6 +72,11 @@ void Window1::btnPrint_Action()
 {
     if (const auto g = openPrinter(*this, Print::Script))
         PrintText(*g);
+}
+
+void Window1::PrintText(Graphics& g)
+{
+    printScript(g, *myScript);
 }
 
 void Window1::btnPrintCharacters_Action()

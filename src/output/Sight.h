@@ -1,7 +1,7 @@
 #pragma once
 
 #include "document/Board.h"
-#include "document/Window1.h"
+#include "document/Layer.h"
 #include "toolkit/Color.h"
 
 #include <vector>

@@ -1,7 +1,7 @@
 #include "output/StripSheet.h"
 
 #include "characters/Roster.h"
-#include "document/Window1.h"
+#include "document/Map.h"
 #include "toolkit/Text.h"
 
 #include <algorithm>
@@ -86,11 +86,11 @@ void drawInstructions(Graphics& g)
 
 } // namespace
 
-std::vector<Ref<const cCharacter>> charactersToCut(const Window1& window)
+std::vector<Ref<const cCharacter>> charactersToCut(const Map& map)
 {
     std::vector<Ref<const cCharacter>> found;
-    for (int n = 1; n <= Window1::characters; ++n)
-        if (const auto& character = window.myCharacters(n); character->Icon || character->Number > 0)
+    for (int n = 1; n <= Map::characters; ++n)
+        if (const auto& character = map.myCharacters(n); character->Icon || character->Number > 0)
             found.push_back(character);
     return found;
 }

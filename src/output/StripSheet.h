@@ -8,7 +8,7 @@
 
 namespace quorrin {
 
-class Window1;
+class Map;
 
 /// Paper characters in the size of the squares that they stand on. Lengths are points.
 struct StripSheet {
@@ -21,7 +21,7 @@ struct StripSheet {
 };
 
 /// The characters that have a figure or a number.
-std::vector<Ref<const cCharacter>> charactersToCut(const Window1& window);
+std::vector<Ref<const cCharacter>> charactersToCut(const Map& map);
 
 /// Strips for squares of this side on as few pages as possible; nothing when not even one strip fits.
 std::optional<StripSheet> stripSheet(double square, int strips, const PaperWish& wish);

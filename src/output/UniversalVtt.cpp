@@ -1,5 +1,6 @@
 #include "output/UniversalVtt.h"
 
+#include "document/Window1.h"
 #include "output/Export.h"
 #include "output/Sight.h"
 #include "toolkit/Text.h"

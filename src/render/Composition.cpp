@@ -24,23 +24,23 @@ void forEachVisible(const Layer& squares, Draw draw)
     });
 }
 
-void drawUserPicture(Graphics& g, const Window1& window)
+void drawUserPicture(Graphics& g, const Map& map)
 {
-    if (window.UserPicture)
-        g.DrawPicture(window.UserPicture, 0, 0);
+    if (map.UserPicture)
+        g.DrawPicture(map.UserPicture, 0, 0);
 }
 
 /// Outlines what a click hits, with the pen that the grid has left: two pixels wide over a coloured grid, else one.
-void drawClickableFrames(Graphics& g, const Window1& window)
+void drawClickableFrames(Graphics& g, const Map& map)
 {
     g.ForeColor = RGB(0, 0, 200);
-    forEachVisible(window.mySquares, [&](const cSquare&, double x, double y) { g.DrawRect(x + 1, y + 1, 60, 60); });
+    forEachVisible(map.mySquares, [&](const cSquare&, double x, double y) { g.DrawRect(x + 1, y + 1, 60, 60); });
 }
 
-void drawObjects(Graphics& g, const Window1& window, const Layer& squares, std::int64_t mode)
+void drawObjects(Graphics& g, const Map& map, const Layer& squares, std::int64_t mode)
 {
     forEachVisible(squares, [&](const cSquare& square, double x, double y) {
-        drawObjectTile(g, window, square.thisObject, mode, x + objectTileOffset, y + objectTileOffset);
+        drawObjectTile(g, map, square.thisObject, mode, x + objectTileOffset, y + objectTileOffset);
     });
 }
 
@@ -58,18 +58,18 @@ private:
     std::vector<std::pair<cWall, Ref<Picture>>> tiles_;
 };
 
-void drawWalls(Graphics& g, const Window1& window)
+void drawWalls(Graphics& g, const Map& map)
 {
     WallTiles tiles;
-    forEachVisible(window.mySquares, [&](const cSquare& square, double x, double y) {
+    forEachVisible(map.mySquares, [&](const cSquare& square, double x, double y) {
         if (square.Wall)
             g.DrawPicture(tiles.of(*square.Wall), x, y);
     });
 }
 
-void drawMarkers(Graphics& g, const Window1& window)
+void drawMarkers(Graphics& g, const Map& map)
 {
-    forEachVisible(window.mySquares, [&](const cSquare& square, double x, double y) {
+    forEachVisible(map.mySquares, [&](const cSquare& square, double x, double y) {
         g.DrawPicture(markerTile(square.thisDM), x + markerTileOffset, y + markerTileOffset);
     });
 }

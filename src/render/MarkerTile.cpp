@@ -1,4 +1,5 @@
-#include "document/Window1.h"
+#include "document/Map.h"
+#include "document/Rows.h"
 #include "render/Tiles.h"
 #include "toolkit/Numbers.h"
 #include "toolkit/Text.h"
@@ -53,7 +54,7 @@ const Ref<Picture>& markerTile(std::int64_t markerNumber)
     return tile;
 }
 
-Ref<Picture> Window1::DrawDM(std::int64_t markerNumber)
+Ref<Picture> Map::DrawDM(std::int64_t markerNumber)
 {
     auto tile = New<Picture>(markerTileSize, markerTileSize);
     tile->Graphics().DrawPicture(markerTile(markerNumber), 0, 0);

@@ -1,7 +1,7 @@
 #include "userpicture/frmEditUserPicture.h"
 
-#include "app/Module1.h"
 #include "document/FileTypes1.h"
+#include "document/Module1.h"
 #include "render/Art.h"
 #include "toolkit/Platform.h"
 

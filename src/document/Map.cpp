@@ -1,5 +1,6 @@
+#include "document/Map.h"
+
 #include "document/Board.h"
-#include "document/Window1.h"
 
 namespace quorrin {
 
@@ -22,17 +23,17 @@ void makeAnew(Layer& squares)
 
 } // namespace
 
-void Window1::SetSquaresVisible(std::int64_t orientation)
+void Map::SetSquaresVisible(std::int64_t orientation)
 {
     place(mySquares, boardOf(orientation));
 }
 
-void Window1::SetTopSquaresVisible(std::int64_t orientation)
+void Map::SetTopSquaresVisible(std::int64_t orientation)
 {
     place(mySquaresTop, boardOf(orientation));
 }
 
-void Window1::Initialize()
+void Map::MakeAnew()
 {
     makeAnew(mySquares);
     makeAnew(mySquaresTop);
@@ -41,13 +42,6 @@ void Window1::Initialize()
     SetTopSquaresVisible(Orientation::Landscape);
     for (int n = 1; n <= characters; ++n)
         myCharacters(n) = New<cCharacter>();
-
-    btnCharacterTool.Value = false;
-    btnCharacterTool.Enabled = true;
-    bbScriptTool.Value = false;
-    bbScriptTool.Enabled = true;
-    gbDMObjects.Enabled = true;
-    didMazePrompt = false;
 }
 
 } // namespace quorrin
