@@ -1,7 +1,7 @@
 #pragma once
 
 #include "app/App.h"
-#include "app/Module1.h"
+#include "document/Module1.h"
 #include "document/Window1.h"
 #include "toolkit/ScriptedPlatform.h"
 

@@ -104,7 +104,7 @@ protected:
     {
         window.pmLandscape.ListIndex = landscape ? 0 : 1;
         forEachPixel(12, 12, [&](int x, int y) {
-            for (const auto& square : {window.mySquares(x + 1, y + 1), window.mySquaresTop(x + 1, y + 1)}) {
+            for (cSquare* square : {&*window.mySquares(x + 1, y + 1), &*window.mySquaresTop(x + 1, y + 1)}) {
                 square->thisObject = own(x + 1, y + 1);
                 square->thisDM = 2;
                 square->Wall = New<cWall>(true, true, true, true, true, true);

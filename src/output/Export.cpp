@@ -1,8 +1,8 @@
 #include "output/Export.h"
 
-#include "app/Module1.h"
 #include "document/Board.h"
 #include "document/FileTypes1.h"
+#include "document/Module1.h"
 #include "document/Window1.h"
 #include "toolkit/Platform.h"
 #include "toolkit/Text.h"
@@ -95,7 +95,7 @@ std::string seriesName(const std::string& documentName, const SeriesStep& step)
 
 Ref<Picture> boardPicture(const Window1& window, int cell)
 {
-    const Board& board = boardOf(window.pmLandscape.ListIndex);
+    const Board& board = window.board();
     return partOfPage(*window.myImage, {board.left, board.top, board.width(), board.height()}, board.columns * cell,
                       board.rows * cell);
 }
@@ -145,7 +145,7 @@ void inVersions(Window1& window, const std::function<void(const ComposeVersion& 
     const auto compose = [&](const PageVersion& version) {
         Module1::gSkipWallColor = version.blackAndWhite;
         window.cbShowDMObjects.Value = version.showMarkers;
-        window.pmBackground.ListIndex = version.blackAndWhite ? 0 : background;
+        window.pmBackground.ListIndex = version.blackAndWhite ? Background::White : background;
         window.pmColorBW.ListIndex = version.blackAndWhite ? blackAndWhite : colorMode;
         window.RenderMap(true);
     };
@@ -164,7 +164,7 @@ void inVersions(Window1& window, const std::function<void(const ComposeVersion& 
     };
 
     try {
-        window.pmVisibleLayers.ListIndex = 0;
+        window.pmVisibleLayers.ListIndex = VisibleLayers::All;
         window.cbShowDMObjects.Value = false;
         window.cbShowClickable.Value = false;
         work(compose);

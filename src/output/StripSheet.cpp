@@ -1,7 +1,7 @@
 #include "output/StripSheet.h"
 
 #include "characters/Roster.h"
-#include "document/Window1.h"
+#include "document/Map.h"
 #include "toolkit/Text.h"
 
 #include <algorithm>
@@ -86,11 +86,11 @@ void drawInstructions(Graphics& g)
 
 } // namespace
 
-std::vector<Ref<cCharacter>> charactersToCut(const Window1& window)
+std::vector<Ref<const cCharacter>> charactersToCut(const Map& map)
 {
-    std::vector<Ref<cCharacter>> found;
-    for (int n = 1; n <= Window1::characters; ++n)
-        if (const auto& character = window.myCharacters(n); character->Icon || character->Number > 0)
+    std::vector<Ref<const cCharacter>> found;
+    for (int n = 1; n <= Map::characters; ++n)
+        if (const auto& character = map.myCharacters(n); character->Icon || character->Number > 0)
             found.push_back(character);
     return found;
 }
@@ -111,7 +111,7 @@ std::optional<StripSheet> stripSheet(double square, int strips, const PaperWish&
     return paper ? std::optional(onPaper(*paper)) : std::nullopt;
 }
 
-void printStrips(Graphics& g, const StripSheet& sheet, const std::vector<Ref<cCharacter>>& characters)
+void printStrips(Graphics& g, const StripSheet& sheet, const std::vector<Ref<const cCharacter>>& characters)
 {
     const int perPage = sheet.columns * sheet.rows;
     g.PenWidth = g.PenHeight = linePen;
