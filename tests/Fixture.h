@@ -178,6 +178,15 @@ protected:
         };
     }
 
+    /// Visits every place of the map, whether it lies on the page or not: column, row, and the squares of both layers.
+    template <typename Visit>
+    void eachSquare(Visit visit)
+    {
+        for (int n = 0; n < 144; ++n)
+            visit(n / 12 + 1, n % 12 + 1, *window.mySquares(n / 12 + 1, n % 12 + 1),
+                  *window.mySquaresTop(n / 12 + 1, n % 12 + 1));
+    }
+
     quorrin::Color pixel(std::int64_t x, std::int64_t y) { return pixelOf(window.myImage, x, y); }
 
     static void click(quorrin::MouseControl& canvas, int x = 5, int y = 5, bool contextual = false)

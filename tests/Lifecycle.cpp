@@ -26,11 +26,9 @@ TEST_F(Lifecycle, NewResetsTheMapAndTheToolsAndLeavesTheRest)
     for (PopupMenu* popup : popups)
         EXPECT_EQ(popup->ListIndex, 0);
     EXPECT_EQ(*w.ChosenWall(), cWall());
-    for (const bool off :
-         {w.didMazePrompt, w.cbShowDMObjects.Value.get(), w.pmDM.Enabled.get(), w.btnMaze.Enabled.get()})
+    for (const bool off : {w.didMazePrompt, w.pmDM.Enabled.get(), w.btnMaze.Enabled.get()})
         EXPECT_FALSE(off);
     EXPECT_EQ(w.Canvas1.Width, 756);
-    EXPECT_EQ(w.myScript->Monsters, "");
 
     EXPECT_EQ(w.UserPicture, drawing);
     EXPECT_TRUE(w.cbOverlayUserPict.Value);

@@ -103,18 +103,17 @@ protected:
     void make(PushButton& button, bool landscape, Look look)
     {
         window.pmLandscape.ListIndex = landscape ? 0 : 1;
-        forEachPixel(12, 12, [&](int x, int y) {
-            for (const auto& square : {window.mySquares(x + 1, y + 1), window.mySquaresTop(x + 1, y + 1)}) {
-                square->thisObject = own(x + 1, y + 1);
+        eachSquare([&](int i, int j, cSquare& bottom, cSquare& top) {
+            for (cSquare* square : {&bottom, &top}) {
+                square->thisObject = own(i, j);
                 square->thisDM = 2;
                 square->Wall = New<cWall>(true, true, true, true, true, true);
             }
         });
         EXPECT_EQ(effectOf([&] { button.Push(); }), both);
-        forEachPixel(12, 12, [&](int x, int y) {
-            const cSquare &bottom = *window.mySquares(x + 1, y + 1), &top = *window.mySquaresTop(x + 1, y + 1);
+        eachSquare([&](int i, int j, const cSquare& bottom, const cSquare& top) {
             EXPECT_EQ(bottom.thisDM + 10 * top.thisDM, 22);
-            look(x + 1, y + 1, bottom, top);
+            look(i, j, bottom, top);
         });
     }
 };

@@ -147,17 +147,16 @@ protected:
     {
         window.myCharacters(1)->IconData = "-1";
         window.myCharacters(1)->Icon = window.DrawObject(78, 1);
-        forEachPixel(12, 12, [&](int x, int y) {
-            const int n = 12 * y + x;
-            cSquare& square = *window.mySquares(x + 1, y + 1);
+        eachSquare([](int x, int y, cSquare& square, cSquare& top) {
+            const int n = 12 * (y - 1) + x - 1;
             square.thisObject = n % 10 == 0 ? 0 : (n * 7 + 28) % 125;
             square.thisDM = n % 24;
             square.Wall = n % 7 == 0 ? nullptr
                                      : New<cWall>(n % 2 == 0, n % 3 == 0, n % 5 == 0, false, n % 4 == 0, n % 6 == 0,
                                                   true, false, n % 8 == 0, false, RGB(200, 0, n % 2 == 0 ? 0 : 90));
-            window.mySquaresTop(x + 1, y + 1)->thisObject = n % 3 ? 0 : n % 60;
-            window.mySquaresTop(x + 1, y + 1)->thisDM = 7;
-            window.mySquaresTop(x + 1, y + 1)->Wall->Slash = true;
+            top.thisObject = n % 3 ? 0 : n % 60;
+            top.thisDM = 7;
+            top.Wall->Slash = true;
         });
         window.UserPicture = New<Picture>(756, 576);
         auto& g = window.UserPicture->Graphics();

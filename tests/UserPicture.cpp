@@ -77,21 +77,6 @@ TEST_F(UserPicture, KeysConstrainALineFromWhereItBegan)
     }
 }
 
-TEST_F(UserPicture, WhiteErasesWhenTheMouseIsReleased)
-{
-    edit([&](frmEditUserPicture& editor) {
-        stroke(editor, {{50, 50}, {100, 50}});
-        editor.PopupMenu1.ListIndex = 1;
-        editor.Canvas1.Press(70, 50);
-        editor.Canvas1.Drag(80, 50);
-        EXPECT_EQ(at(editor, 75, 50), white);
-        editor.Canvas1.Release(80, 50);
-        EXPECT_EQ(at(editor, 75, 50), clear);
-        editor.Canvas1.Drag(60, 50); // nothing is pressed any more
-        EXPECT_EQ(at(editor, 65, 50), black);
-    });
-}
-
 TEST_F(UserPicture, UndoGoesOneStepBack)
 {
     edit([&](frmEditUserPicture& editor) {
@@ -140,52 +125,47 @@ TEST_F(UserPicture, StretchesALoadedPictureOverTheDrawing)
     });
 }
 
-TEST_F(UserPicture, GoesToTheMapOnApplyAlone)
+TEST_F(UserPicture, LiesOverTheMapAndGoesToItOnApplyAlone)
 {
-    for (const bool applied : {false, true}) {
+    window.pmBackground.ListIndex = 1;
+    for (const auto& [portrait, applied] : {std::pair{0, false}, {0, true}, {1, false}, {1, true}}) {
+        window.pmLandscape.ListIndex = portrait;
+        window.UserPicture = nullptr;
         window.isDirty = false;
-        edit([&](frmEditUserPicture& editor) {
-            stroke(editor, {{10, 10}, {20, 10}});
-            (applied ? editor.PushButton1 : editor.PushButton2).Push();
+        edit([&, apply = applied](frmEditUserPicture& editor) {
+            const auto page = window.myImage;
+            editor.PopupMenu2.ListIndex = 4;
+            stroke(editor, {{300, 500}, {400, 500}});
+            editor.PopupMenu1.ListIndex = 1;
+            editor.Canvas1.Press(340, 500);
+            editor.Canvas1.Drag(360, 500);
+            EXPECT_EQ(at(editor, 350, 502), white);
+            editor.Canvas1.Release(360, 500);
+            EXPECT_EQ(at(editor, 350, 502), clear) << "white erases";
+            editor.Canvas1.Drag(310, 500); // nothing is pressed any more
+
+            const auto shown = New<Picture>(editor.Canvas1.Width, editor.Canvas1.Height, 32);
+            const auto wanted = New<Picture>(page->Width(), page->Height(), 32);
+            editor.Canvas1.Paint(shown->Graphics());
+            wanted->Graphics().DrawPicture(page, 0, 0);
+            wanted->Graphics().DrawPicture(editor.myImage, 0, 0);
+            wanted->Graphics().DrawRect(0, 0, wanted->Graphics().Width(), wanted->Graphics().Height());
+            EXPECT_TRUE(alike(shown, wanted));
+            (apply ? editor.PushButton1 : editor.PushButton2).Push();
         });
         EXPECT_EQ(static_cast<bool>(window.UserPicture), applied);
-        EXPECT_EQ(pixel(15, 10), applied ? black : white);
+        EXPECT_EQ(pixel(310, 502), applied ? black : RGB(200, 200, 200));
+        EXPECT_EQ(pixel(350, 502), RGB(200, 200, 200));
         EXPECT_TRUE(window.isDirty);
     }
     const auto drawing = bytesOf(window.UserPicture);
     edit([&](frmEditUserPicture& editor) {
         EXPECT_EQ(bytesOf(editor.myImage), drawing);
-        EXPECT_EQ(pixelOf(Module1::pMain, 15, 10), white) << "the map below is without the drawing";
+        EXPECT_EQ(pixelOf(Module1::pMain, 310, 502), RGB(200, 200, 200)) << "the map below is without the drawing";
         editor.ChooseMenu("mnuClearDrawing");
         editor.PushButton2.Push();
     });
     EXPECT_EQ(bytesOf(window.UserPicture), drawing);
-}
-
-TEST_F(UserPicture, LiesOverTheMapInBothOrientations)
-{
-    for (const int orientation : {0, 1}) {
-        window.pmLandscape.ListIndex = orientation;
-        window.pmBackground.ListIndex = 1;
-        window.UserPicture = nullptr;
-        edit([&](frmEditUserPicture& editor) {
-            EXPECT_EQ(editor.Canvas1.Width, orientation == 0 ? 756 : 576);
-            EXPECT_EQ(editor.Canvas1.Height, orientation == 0 ? 576 : 756);
-            editor.PopupMenu2.ListIndex = 4;
-            stroke(editor, {{300, 500}, {400, 500}});
-            editor.PopupMenu1.ListIndex = 1;
-            stroke(editor, {{340, 500}, {360, 500}});
-
-            const auto shown = New<Picture>(editor.myImage->Width(), editor.myImage->Height());
-            editor.Canvas1.Paint(shown->Graphics());
-            EXPECT_EQ(pixelOf(shown, 310, 502), black);
-            EXPECT_EQ(pixelOf(shown, orientation == 0 ? 755 : 575, orientation == 0 ? 575 : 755), black);
-            EXPECT_EQ(pixelOf(shown, 350, 502), RGB(200, 200, 200));
-            editor.PushButton1.Push();
-        });
-        EXPECT_EQ(pixel(310, 502), black);
-        EXPECT_EQ(pixel(350, 502), RGB(200, 200, 200));
-    }
 }
 
 TEST_F(UserPicture, BearsAMouseFarOutside)
