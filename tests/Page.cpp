@@ -307,6 +307,7 @@ TEST_F(Page, IsComposedOfItsLayersInTheirOrderAndPlaces)
             EXPECT_TRUE(alike(window.myImage, pageByRules(look, false)));
         }
     }
+    EXPECT_LT(bytesOf(window.myImage).size(), 350'000U) << "a full page of art is a small file";
     window.pmBackground.ListIndex = -1;
     EXPECT_TRUE(alike(window.myImage, pageByRules({1, 0, 8, {2, 3, 2, 2}, 0, 0, false, false, false}, true)));
 }

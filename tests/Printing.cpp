@@ -193,6 +193,35 @@ TEST_F(Printing, IsSharp)
     EXPECT_LT(std::filesystem::file_size(file->Path()), 6u << 20);
 }
 
+TEST_F(Printing, WrapsTheScriptAndLeavesItsMarginsFree)
+{
+    const auto words = [this](const std::string& options) {
+        return outputOf("pdftotext " + options + " '" + file->Path() + "' -");
+    };
+    Module1::myPrinterSetup->SetupString = "paper=A4;margins=28,28,28,28";
+    std::string text;
+    for (int line = 1; line <= 150; ++line)
+        text += "Line " + std::to_string(line) + ".\n";
+    for (int word = 1; word <= 500; ++word)
+        text += "and " + std::to_string(word) + " ";
+    window.txtGameText.Text = text + "end";
+    copies = 3; // of which the script has its own idea
+    window.btnPrint.Push();
+    EXPECT_EQ(pagesOf(file->Path()).size(), 4u);
+    // The first page begins with "Monster:", an empty line and "Game Text:", and ends 10 points above its margin.
+    const double height = New<Picture>(9, 9)->Graphics().StringHeight("x", 0);
+    const auto last = static_cast<int>((842 - 56 - 10) / height) - 3;
+    EXPECT_NE(words("-l 1").find("Line " + std::to_string(last) + "."), std::string::npos);
+    EXPECT_EQ(words("-l 1").find("Line " + std::to_string(last + 1) + "."), std::string::npos);
+    EXPECT_NE(words("-f 2").find("Line " + std::to_string(last) + "."), std::string::npos) << "it stands again";
+    EXPECT_NE(words("").find("end"), std::string::npos);
+    const auto ends = words("-bbox") + "xMax=\"";
+    double widest = 0;
+    for (auto at = ends.find("xMax=\""); at + 6 < ends.size(); at = ends.find("xMax=\"", at + 6))
+        widest = std::max(widest, std::stod(ends.substr(at + 6)));
+    EXPECT_NEAR(widest, 595 - 28 - 3 - 10, 10);
+}
+
 TEST_F(Printing, AsksForThePageSetupFirstAndStopsWhenCancelled)
 {
     int setups = 0, printers = 0;

@@ -24,23 +24,23 @@ protected:
         recovery.emplace(window);
     }
 
-    /// The folders of the copies that there are.
-    static std::vector<fs::path> copies()
+    /// The files of all copies that have this extension: their maps, or without one the notes about these.
+    static std::vector<fs::path> files(const std::string& extension)
     {
         std::vector<fs::path> found;
         if (fs::exists(RecoveryCopy::Folder()))
-            for (const auto& entry : fs::directory_iterator(RecoveryCopy::Folder()))
-                found.push_back(entry.path());
+            for (const auto& entry : fs::recursive_directory_iterator(RecoveryCopy::Folder()))
+                if (entry.is_regular_file() && entry.path().extension() == extension && entry.path().stem() != "lock")
+                    found.push_back(entry.path());
         return found;
     }
+    static bool nothingIsKept() { return fs::is_empty(RecoveryCopy::Folder()); }
     /// The map in the one copy, empty when there is none.
     static std::string kept()
     {
         std::string text;
-        for (const auto& copy : copies())
-            for (const auto& entry : fs::directory_iterator(copy))
-                if (entry.path().extension() == ".qrnm")
-                    text += contentOf(entry.path());
+        for (const auto& map : files(".qrnm"))
+            text += contentOf(map);
         return text;
     }
     std::string keep()
@@ -99,14 +99,13 @@ TEST_F(Recovering, UnsavedWorkIsKeptForItsUserAloneUntilItIsSavedOrGivenUp)
         EXPECT_FALSE(recovery->Keep());
         window.cbShowClickable.Value = !window.cbShowClickable.Value; // alone, it makes no map dirty
         EXPECT_EQ(keep(), window.MapText());
-        ASSERT_EQ(copies().size(), 1);
-        for (const fs::path& path : {fs::path(RecoveryCopy::Folder()), copies()[0]})
-            EXPECT_EQ(permissions(path), 0700);
-        for (const auto& entry : fs::directory_iterator(copies()[0]))
-            EXPECT_EQ(permissions(entry.path()), 0600);
+        ASSERT_EQ(files("").size(), 1);
+        EXPECT_EQ(permissions(RecoveryCopy::Folder()), 0700);
+        for (const auto& entry : fs::recursive_directory_iterator(RecoveryCopy::Folder()))
+            EXPECT_EQ(permissions(entry.path()), entry.is_directory() ? 0700 : 0600);
         makeClean();
         recovery->KeepAtOnce();
-        EXPECT_TRUE(copies().empty()) << end;
+        EXPECT_TRUE(nothingIsKept()) << end;
         recovery->Resume();
     }
     EXPECT_FALSE(fs::exists(folder / "Map.qrnm")) << "the map's own file is the person's to write";
@@ -181,14 +180,14 @@ TEST_F(Recovering, WhatACrashHasLeftIsOfferedUntilItIsDecided)
     window.ChooseMenu("mnuSave");
     EXPECT_EQ(person.proposedNames.back(), "Dark.qrnm");
     recovery->KeepAtOnce();
-    EXPECT_TRUE(copies().empty());
+    EXPECT_TRUE(nothingIsKept());
 
     window.SetSavedFileName(nullptr);
     window.pmGrid.ListIndex = 1;
     crash();
     offer(Answer::Alternate);
     EXPECT_NE(person.questions[0].find("unnamed"), std::string::npos);
-    EXPECT_TRUE(copies().empty());
+    EXPECT_TRUE(nothingIsKept());
     offer(Answer::Action);
     EXPECT_EQ(person.questions.size(), 1) << "there is nothing left to ask about";
 }
@@ -221,7 +220,7 @@ TEST_F(Recovering, SeveralCopiesStandInOneListAndThoseOfOthersInNone)
     EXPECT_EQ(rows, (std::vector<std::size_t>{3, 2}));
     EXPECT_EQ(window.pmGrid.ListIndex, 2);
     EXPECT_EQ(window.mySavedFileName, "Map 2");
-    EXPECT_EQ(copies().size(), 3) << "this map's, the other window's, and the one that waits";
+    EXPECT_EQ(files("").size(), 3) << "this map's, the other window's, and the one that waits";
 }
 
 TEST_F(Recovering, ADamagedCopyIsRefusedAndStays)
@@ -237,19 +236,16 @@ TEST_F(Recovering, ADamagedCopyIsRefusedAndStays)
     for (const auto& [extension, fault] : faults) {
         window.txtMonster.Text = "Orc";
         recovery->KeepAtOnce();
-        std::string text;
-        for (const auto& copy : copies())
-            for (const auto& entry : fs::directory_iterator(copy))
-                if (copy.extension().empty() && entry.path().extension() == extension
-                    && entry.path().filename() != "lock")
-                    writeFile(entry.path(), text = fault(contentOf(entry.path())));
+        for (const auto& file : files(extension))
+            if (file.parent_path().extension().empty()) // not put aside already
+                writeFile(file, fault(contentOf(file)));
         restart();
         offer(Answer::Action);
         EXPECT_EQ(person.questions.size(), 1);
         ASSERT_EQ(person.messages.size(), 1);
         EXPECT_NE(person.messages[0].find("damaged"), std::string::npos);
         EXPECT_EQ(window.txtMonster.Text.get(), "");
-        EXPECT_EQ(copies().size(), ++damaged) << "each is kept for a later look";
+        EXPECT_EQ(files(".qrnm").size(), ++damaged) << "each is kept for a later look";
         offer(Answer::Action);
         EXPECT_EQ(person.questions.size(), 1) << "but not asked about again";
     }

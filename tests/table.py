@@ -103,7 +103,7 @@ def squares_lie_where_they_belong(folder):
 
 
 def prints_are_sharp(folder):
-    for options in (["--square", "1in"], ["--square", "60mm"], ["--what", "sheet", "--square", "25mm"]):
+    for options in (["--square", "60mm"], ["--what", "sheet", "--square", "25mm"]):
         what = "Character Sheet" if "sheet" in options else "Map"
         run("print", *options, "-o", folder, samples / "The Last Lantern.qrnm")
         rows = tool("pdfimages", "-list", folder / f"The Last Lantern {what}.pdf").splitlines()[2:]

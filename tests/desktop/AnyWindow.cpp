@@ -1,5 +1,6 @@
 #include "Person.h"
 
+#include <QComboBox>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
@@ -13,6 +14,7 @@ class Dialog : public Window {
 public:
     explicit Dialog(Kind kind = Kind::Modal) : Window(kind, "A [*] dialog", 300, 120) {}
     void Event_Open() override { opened = true; }
+    bool Event_CancelClose(bool) override { return failsToClose ? throw IOException("full") : false; }
     void Opened() { timerRan = opened; }
     void Ok() { answer = Field.Text, Close(); }
     void Cancel() { answer = "cancelled", Close(); }
@@ -39,6 +41,7 @@ public:
     Timer Start{this, 1, &Dialog::Opened};
 
     bool failsToPaint = false;
+    bool failsToClose = false;
     bool opened = false;
     bool timerRan = false;
     std::string answer;
@@ -136,7 +139,14 @@ TEST_F(AnyWindow, OutlivesHandlersThatFail)
         EXPECT_EQ(messageAfter([&] { QTest::keyClick(&widgetOf(dialog.Rows), Qt::Key_Down); }), beyond);
         EXPECT_TRUE(dialog.Failing.Value);
         EXPECT_EQ(dialog.Rows.ListIndex, 1);
+        dialog.Rows.ListIndex.check = [](std::int64_t row) { throw OutOfBoundsException(row + 5); };
+        EXPECT_EQ(messageAfter([&] { QTest::keyClick(&widgetOf(dialog.Rows), Qt::Key_Up); }),
+                  "There is no element 5 in this list.");
+        EXPECT_EQ(static_cast<QComboBox&>(widgetOf(dialog.Rows)).currentIndex(), 1) << "what the control kept";
+        dialog.failsToClose = true;
+        EXPECT_EQ(messageAfter([&] { dialog.Close(); }), "full");
         EXPECT_TRUE(view.isVisible());
+        dialog.failsToClose = false;
         dialog.Close();
     });
 }
