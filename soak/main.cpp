@@ -439,12 +439,13 @@ int main(int argc, char** argv)
     if (!mkdtemp(folder.data()))
         return 2;
     setenv("XDG_DATA_HOME", folder.c_str(), true);
+    const long betweenLooks = std::clamp(operations / 1000, 1L, 100L);
     bool same = true;
     {
         Soak soak(folder, seed);
         for (long n = 1; n <= operations && same; ++n) {
             soak.operate();
-            if (n % 100 == 0 && !(same = soak.isAsTheModel()))
+            if (n % betweenLooks == 0 && !(same = soak.isAsTheModel()))
                 std::fprintf(stderr, "seed %lu: the map is not as the model at operation %ld\n", seed, n);
             if (n % (operations / 10 + 1) == 0)
                 std::printf("%ld operations, %ld MB\n", n, memory()), std::fflush(stdout);

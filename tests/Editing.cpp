@@ -3,13 +3,11 @@
 #include "Fixture.h"
 
 #include <limits>
-#include <utility>
 
 using namespace quorrin;
 
 using HitTest = Program;
 using Panels = Program;
-using Clicks = Program;
 using BulkCommands = Program;
 
 namespace {
@@ -64,8 +62,13 @@ TEST_F(Panels, WhatComposesAndWhatMakesDirty)
         {"overlay", [&] { w.cbOverlayUserPict.Value = true; }, both},
         {"clickable", [&] { w.cbShowClickable.Value = true; }, composed},
         {"show markers", [&] { w.cbShowDMObjects.Value = false; }, both},
+        {"fill", [&] { w.btnClearAllSquares.Push(); }, both},
+        {"a click on the tab Background", [&] { click(w.Canvas1, x2, y3); }, nothing},
         {"wall box", [&] { w.CheckBox6.Value = true; }, nothing},
         {"tab", [&] { w.TabPanel1.Value = Window1::MarkerTool; }, nothing},
+        {"a click where no square is", [&] { click(w.Canvas1, gap, y3); }, nothing},
+        {"a click", [&] { click(w.Canvas1, x2, y3); }, both},
+        {"a contextual click", [&] { click(w.Canvas1, x2, y3, true); }, nothing},
         {"script page", [&] { w.bbScriptTool.Push(); }, nothing},
         {"monsters", [&] { w.txtMonster.Text = "orc"; }, dirty},
         {"the same", [&] { w.txtMonster.Text = "orc"; }, nothing},
@@ -145,12 +148,8 @@ TEST_F(Panels, TheWallSetIsPreviewedAndItsColorChosen)
         action();
         return !(window.myWall == before);
     };
-    cWall chosen;
-    for (const auto& [box, flag, entry] : wallFlags()) {
-        EXPECT_TRUE(previewed([&, ticked = box] { ticked->Value = true; }));
-        chosen.*flag = true;
-        EXPECT_EQ(*window.ChosenWall(), chosen) << entry;
-    }
+    for (const auto& [box, flag, entry] : wallFlags())
+        EXPECT_TRUE(previewed([&, ticked = box] { ticked->Value = true; })) << entry;
     for (const bool accepted : {false, true}) {
         person.selectColor = [=](Color& color) { return color = RGB(9, 8, 7), accepted; };
         EXPECT_EQ(previewed([&] { click(window.rWallColor); }), accepted);
@@ -189,97 +188,20 @@ TEST_F(Panels, TogglesTurnThePagesAndAnyTabBringsTheMapBack)
     }
 }
 
-TEST_F(Clicks, ChangeWhatTheToolIsForAndNothingElse)
+TEST_F(BulkCommands, AskFirst)
 {
-    window.pmObjects.ListIndex = 7;
-    window.pmDM.ListIndex = 3;
-    window.cbShowDMObjects.Value = false; // markers are placed all the same
-    window.CheckBox4.Value = window.cbDoorLeft.Value = true;
-    window.rWallColor.FillColor = RGB(255, 0, 0);
-    cSquare& bottom = *window.mySquares(2, 3);
-    cSquare& top = *window.mySquaresTop(2, 3);
-    bottom.Wall->Bottom = true; // a click replaces the whole set
-    const auto old = bottom.Wall;
-    const std::string before = window.MapText();
-
-    const std::tuple<int, int, std::function<bool()>> cases[] = {
-        // tool, layer, undoes the change
-        {Window1::BackgroundTool, 0, nullptr},
-        {Window1::GridTool, 0, nullptr},
-        {Window1::WallTool, 1,
-         [&] { return *std::exchange(bottom.Wall, old) == cWall(0, 0, 0, 1, 0, 0, 0, 0, 1, 0, RGB(255, 0, 0)); }},
-        {Window1::ObjectTool, 0, [&] { return std::exchange(bottom.thisObject, 0) == 7; }},
-        {Window1::ObjectTool, 1, [&] { return std::exchange(top.thisObject, 0) == 7; }},
-        {Window1::MarkerTool, 1, [&] { return std::exchange(bottom.thisDM, 0) == 3; }},
+    const std::tuple<bool (Window1::*)(), int, const char*, const char*> cases[] = {
+        {&Window1::_mnuClearAllObjects_Action, 0, "Clear All Objects?", "Clear All Objects"},
+        {&Window1::_mnuClearObjectCurLayer_Action, 0, "Clear all bottom layer objects?", "Clear Objects"},
+        {&Window1::_mnuClearObjectCurLayer_Action, 1, "Clear all top layer objects?", "Clear Objects"},
+        {&Window1::_mnuClearAllWalls_Action, 0, "Clear All Walls", "Clear All Walls"},
     };
-    for (const auto& [tool, layer, undo] : cases) {
-        window.TabPanel1.Value = tool;
+    for (const auto& [command, layer, message, action] : cases) {
         window.pmObjectLayer.ListIndex = layer;
-        EXPECT_EQ(effectOf([&] { click(window.Canvas1, gap, y3); }), nothing);
-        EXPECT_EQ(effectOf([&] { click(window.Canvas1, x2, y3, true); }), nothing);
-        // What counts is where the button comes up.
-        EXPECT_EQ(effectOf([&] { window.Canvas1.Press(7, 42), window.Canvas1.Release(x2, y3); }),
-                  undo ? both : nothing);
-        if (undo) {
-            EXPECT_TRUE(undo()) << tool << ", " << layer;
+        for (const auto given : {MessageDialog::Answer::Cancel, MessageDialog::Answer::Action}) {
+            answer(given, message + std::string(" This cannot be undone."), action);
+            EXPECT_EQ(effectOf([&, run = command] { (window.*run)(); }),
+                      given == MessageDialog::Answer::Action ? both : nothing);
         }
-        EXPECT_EQ(window.MapText(), before);
-        EXPECT_EQ(*top.Wall, cWall());
-    }
-}
-
-TEST_F(BulkCommands, ClearAfterTheirQuestion)
-{
-    const struct {
-        bool (Window1::*command)();
-        int layer;
-        const char *message, *action;
-        bool bottom, top, walls;
-    } cases[] = {
-        {&Window1::_mnuClearAllObjects_Action, 0, "Clear All Objects?", "Clear All Objects", true, true, false},
-        {&Window1::_mnuClearObjectCurLayer_Action, 0, "Clear all bottom layer objects?", "Clear Objects", true, false,
-         false},
-        {&Window1::_mnuClearObjectCurLayer_Action, 1, "Clear all top layer objects?", "Clear Objects", false, true,
-         false},
-        {&Window1::_mnuClearAllWalls_Action, 0, "Clear All Walls", "Clear All Walls", false, false, true},
-    };
-    const cWall wall(true, false, true, false, false, true, true, false, false, false, RGB(255, 0, 0));
-    for (const auto& c : cases) {
-        window.pmObjectLayer.ListIndex = c.layer;
-        eachSquare([&](int, int, cSquare& bottom, cSquare& top) {
-            bottom.thisObject = top.thisObject = bottom.thisDM = top.thisDM = 5;
-            *bottom.Wall = *top.Wall = wall;
-        });
-        const std::string full = window.MapText();
-        person.ask = nullptr; // cancelled
-        EXPECT_EQ(effectOf([&] { (window.*c.command)(); }), nothing);
-        EXPECT_EQ(window.MapText(), full);
-        answer(MessageDialog::Answer::Action, c.message + std::string(" This cannot be undone."), c.action);
-        EXPECT_EQ(effectOf([&] { (window.*c.command)(); }), both);
-        eachSquare([&](int, int, const cSquare& bottom, const cSquare& top) {
-            EXPECT_EQ(bottom.thisObject, c.bottom ? 0 : 5);
-            EXPECT_EQ(top.thisObject, c.top ? 0 : 5);
-            EXPECT_EQ(*bottom.Wall, c.walls ? cWall() : wall);
-            EXPECT_EQ(*top.Wall, wall);
-            EXPECT_EQ(std::pair(bottom.thisDM, top.thisDM), (std::pair<std::int64_t, std::int64_t>(5, 5)));
-        });
-    }
-}
-
-TEST_F(BulkCommands, SetAllBlankSquaresFillsThoseOfTheDrawingLayerThatShow)
-{
-    window.pmObjects.ListIndex = 9;
-    for (const int layer : {0, 1}) {
-        window.pmObjectLayer.ListIndex = layer;
-        const auto before = [](int column, int row) { return (column + row) % 2 ? 5 : 0; };
-        eachSquare([&](int column, int row, cSquare& bottom, cSquare& top) {
-            bottom.thisObject = top.thisObject = before(column, row);
-        });
-        EXPECT_EQ(effectOf([&] { window.btnClearAllSquares.Push(); }), both);
-        eachSquare([&](int column, int row, const cSquare& bottom, const cSquare& top) {
-            const int filled = column <= 12 && row <= 8 && before(column, row) == 0 ? 9 : before(column, row);
-            EXPECT_EQ((layer ? top : bottom).thisObject, filled) << column << "," << row;
-            EXPECT_EQ((layer ? bottom : top).thisObject, before(column, row)) << column << "," << row;
-        });
     }
 }

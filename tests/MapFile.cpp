@@ -56,21 +56,6 @@ std::string asUtf8(std::string text)
 
 using MapFile = Program;
 
-TEST_F(MapFile, ABlankMapHasTheDocumentedForm)
-{
-    for (const int portrait : {0, 1}) {
-        window.pmLandscape.ListIndex = portrait;
-        const auto [left, top, columns, rows] = portrait ? std::tuple{38, 7, 8, 12} : std::tuple{7, 42, 12, 8};
-        std::string squares = "0" + G;
-        for (int n = 0; n < 144; ++n) // rows run fastest
-            squares += std::string("0,0,") + (n / 12 < columns && n % 12 < rows ? "1," : "0,")
-                       + Str(left + 62 * (n / 12)) + "," + Str(top + 62 * (n % 12)) + "," + I;
-        EXPECT_EQ(window.MapText(), joined({Str(portrait) + F + "0" + F + "0" + F + F, "0" + F + "0" + F,
-                                            times(144, "0,0,0,0,0,0,0,0,0,0,0," + I), squares, "1" + F + F + F,
-                                            times(20, F), times(20, "0" + F + I), squares, times(4, "0" + F + G)}));
-    }
-}
-
 TEST_F(MapFile, EachValueGoesToItsPlaceAndBackFromBothEncodings)
 {
     const auto text = joined(sections());

@@ -83,19 +83,18 @@ TEST_F(UserPicture, UndoGoesOneStepBack)
         EXPECT_FALSE(editor.ChooseMenu("mnUPEditUndo")) << "it is disabled";
         stroke(editor, {{10, 10}, {20, 10}});
         const auto first = bytesOf(editor.myImage);
+        const auto undone = [&] {
+            EXPECT_TRUE(editor.ChooseMenu("mnUPEditUndo"));
+            EXPECT_FALSE(editor.ChooseMenu("mnUPEditUndo"));
+            return bytesOf(editor.myImage);
+        };
         stroke(editor, {{10, 30}, {20, 30}});
-        EXPECT_TRUE(editor.ChooseMenu("mnUPEditUndo"));
-        EXPECT_EQ(bytesOf(editor.myImage), first);
-        EXPECT_FALSE(editor.ChooseMenu("mnUPEditUndo"));
-
+        EXPECT_EQ(undone(), first);
         click(editor.Canvas1, 310, 310);
-        EXPECT_EQ(bytesOf(editor.myImage), first) << "a click draws nothing";
-        EXPECT_TRUE(editor.ChooseMenu("mnUPEditUndo")) << "and yet takes a step of undo";
-
+        EXPECT_EQ(undone(), first) << "a click draws nothing and yet takes a step of undo";
         EXPECT_TRUE(editor.ChooseMenu("mnuClearDrawing"));
-        EXPECT_EQ(bytesOf(editor.myImage), bytesOf(New<Picture>(756, 576)));
-        EXPECT_TRUE(editor.ChooseMenu("mnUPEditUndo"));
-        EXPECT_EQ(bytesOf(editor.myImage), first);
+        EXPECT_TRUE(alike(editor.myImage, New<Picture>(756, 576)));
+        EXPECT_EQ(undone(), first);
     });
 }
 

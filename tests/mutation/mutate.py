@@ -77,7 +77,7 @@ class Scratch:
 
     def builds(self):
         return self.run("cmake", "--build", self.build, "--target", "quorrin-tests", "quorrin-desktop-tests",
-                        "quorrin-map-batch", "--", "-j1", "--quiet", seconds=3000)
+                        "quorrin-map-batch", "quorrin-soak", "--", "-j1", "--quiet", seconds=3000)
 
     def keeps_its_help(self):
         """From now on the help, which takes long to make, stays as the first build has made it."""
@@ -87,8 +87,9 @@ class Scratch:
 
     def passes(self):
         companion, samples = self.build / "quorrin-map-batch", self.folder / "samples"
-        return (self.run(self.build / "quorrin-tests", "--gtest_fail_fast")
+        return (self.run(self.build / "quorrin-soak", "1000")
                 and self.run(self.build / "quorrin-desktop-tests", "--gtest_fail_fast")
+                and self.run(self.build / "quorrin-tests", "--gtest_fail_fast")
                 and self.run("tests/companion.sh", companion, samples)
                 and self.run("tests/table.py", companion, samples))
 
