@@ -106,7 +106,7 @@ TEST_F(TokenData, IsThePictureOfAFileOrNamesAnObject)
     EXPECT_NE(solid, bytesOf(window.DrawObject(1, 2)));
     EXPECT_EQ(bytesOf(loaded("-1")), solid);
     EXPECT_EQ(bytesOf(loaded("-1.9")), solid);
-    for (const auto* unknown : {"-0.5", "-144", "-1e300", "-99999999999999999999"})
+    for (const auto* unknown : {"-0.5", "-144", "-1e300"})
         EXPECT_EQ(bytesOf(loaded(unknown)), bytesOf(New<Picture>(56, 56))) << unknown;
 
     const auto picture = redOverBlue(90, 30);

