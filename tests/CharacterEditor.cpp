@@ -61,3 +61,26 @@ TEST_F(CharacterEditor, TakesThePictureOfAFileWhole)
     EXPECT_EQ(window.myCharacters(3)->Icon->Width(), 300);
     EXPECT_FALSE(window.myCharacters(4)->Icon);
 }
+
+TEST_F(CharacterEditor, ShowsTheFigureAndTheTokenAfterEachChange)
+{
+    const auto file = folder.file("figure.png");
+    window.DrawObject(37, 1)->Save(file, PictureFormat::Png, 100);
+    person.popUp = [](const MenuItem& base) { return entryOf(base, "Tree"); };
+    const std::function<void()> changes[] = {[&] { load(file); }, [&] { editor.BevelButton1.Push(); },
+                                             [&] { editor.PushButton2.Push(); }};
+    for (Canvas* canvas : {&editor.Canvas1, &editor.Canvas2})
+        for (const auto& change : changes) {
+            EXPECT_GT(paintings(*canvas, change), 0);
+            const auto shown = New<Picture>(canvas->Width, canvas->Height, 32);
+            const auto wanted = New<Picture>(canvas->Width, canvas->Height, 32);
+            canvas->Paint(shown->Graphics());
+            if (canvas == &editor.Canvas1)
+                token->DrawCharacter(wanted->Graphics());
+            else if (token->Icon)
+                wanted->Graphics().DrawPicture(token->Icon, 2, 22);
+            wanted->Graphics().DrawRect(0, 0, canvas->Width, canvas->Height);
+            EXPECT_TRUE(alike(shown, wanted));
+        }
+    EXPECT_GT(paintings(editor.Canvas1, [&] { editor.TextField1.Text = "7"; }), 0);
+}

@@ -90,12 +90,6 @@ TEST_F(Panels, WhatComposesAndWhatMakesDirty)
 
 TEST_F(Panels, PreviewsShowWhatIsChosenAndArePaintedAnew)
 {
-    struct Counted : ControlView {
-        void Sync() override {}
-        void Repaint() override { ++times; }
-        void TakeFocus() override {}
-        int times = 0;
-    };
     Window1& w = window;
     const auto object = [&] { return w.DrawObject(w.pmObjects.ListIndex, w.pmColorBW.ListIndex); };
     const auto marker = [&] { return w.DrawDM(w.pmDM.ListIndex); };
@@ -114,11 +108,7 @@ TEST_F(Panels, PreviewsShowWhatIsChosenAndArePaintedAnew)
     int number = 0;
     for (const auto& [canvas, picture, offset, hasFrame, action] : cases) {
         SCOPED_TRACE(number++);
-        Counted view;
-        canvas->View = &view;
-        action();
-        canvas->View = nullptr;
-        EXPECT_GT(view.times, 0);
+        EXPECT_GT(paintings(*canvas, action), 0);
         const int width = canvas->Width, height = canvas->Height;
         const auto shown = New<Picture>(width, height, 32), wanted = New<Picture>(width, height, 32);
         canvas->Paint(shown->Graphics());
@@ -132,11 +122,7 @@ TEST_F(Panels, PreviewsShowWhatIsChosenAndArePaintedAnew)
         box->Value = !box->Value;
         EXPECT_NE(w.myWall, preview) << entry;
     }
-    Counted roster;
-    w.cvCharacters.View = &roster;
-    click(w.cvCharacters, 50, 50);
-    w.cvCharacters.View = nullptr;
-    EXPECT_GT(roster.times, 0) << "after the editor";
+    EXPECT_GT(paintings(w.cvCharacters, [&] { click(w.cvCharacters, 50, 50); }), 0) << "after the editor";
     for (const int choice : {1, 0}) {
         w.pmObjectLayer.ListIndex = choice;
         w.cbShowDMObjects.Value = choice == 1;

@@ -215,6 +215,22 @@ protected:
         return {!(window.myImage == image), window.isDirty};
     }
 
+    /// How often a control is to be painted anew by an action.
+    template <typename Action>
+    static int paintings(quorrin::Control& control, Action action)
+    {
+        struct : quorrin::ControlView {
+            void Sync() override {}
+            void Repaint() override { ++times; }
+            void TakeFocus() override {}
+            int times = 0;
+        } view;
+        control.View = &view;
+        action();
+        control.View = nullptr;
+        return view.times;
+    }
+
     TestFolder folder;
     quorrin::ScriptedPlatform person;
     StartedApp app;

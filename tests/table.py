@@ -85,10 +85,12 @@ def squares_lie_where_they_belong(folder):
         corner = (0, 0) if board else (38, 7) if portrait else (7, 42)
         size = (8 * 62, 12 * 62) if portrait else (12 * 62, 8 * 62)
         whole = size if board else (576, 756) if portrait else (756, 576)
+        plan = []  # where the small page that is filled stands on each page
         for page in range(columns * rows):
             text = tool("pdftotext", "-f", page + 1, "-l", page + 1, pdf, "-")
             check(f"{page + 1} of {columns * rows}" in text, f"page {page + 1} says {text}")
             areas = list(filled_areas(pdf, page + 1, RED))
+            plan += [(round(top), round(left)) for left, top, _, _ in filled_areas(pdf, page + 1, (150, 150, 150))]
             for axis, tiles, index, paper in ((0, columns, page % columns, width), (1, rows, page // columns, height)):
                 tile = (whole[axis] * unit + (tiles - 1) * OVERLAP) / tiles
                 start = (paper - tile) / 2
@@ -100,6 +102,7 @@ def squares_lie_where_they_belong(folder):
                                  for all_lines in (got, lines))
                 check(len(shown) == len(wanted) and all(abs(a - b) < 0.1 for a, b in zip(shown, wanted)),
                       f"{square} {options}, page {page + 1}: lines at {shown}, not {wanted}")
+        check(len(plan) == columns * rows and plan == sorted(set(plan)), f"the plans of the pages show {plan}")
 
 
 def boards_are_cut_to_the_squares(folder):
