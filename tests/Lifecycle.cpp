@@ -78,12 +78,9 @@ TEST_F(Lifecycle, OpenLeavesTheScriptAndComposesWhateverComesOfIt)
 
 TEST_F(Lifecycle, TheNameEndsAtTheFirstDot)
 {
-    const std::pair<const char*, std::string> cases[] = {
-        {"Dark.Cave.qrnm", "Dark"}, {".qrnm", ""}, {"No Dot", "No Dot"}, {nullptr, ""}};
-    for (const auto& [file, name] : cases) {
-        window.SetSavedFileName(file ? folder.file(file) : nullptr);
-        EXPECT_EQ(window.mySavedFileName, name);
-        EXPECT_EQ(window.Title, name.empty() ? "Quorrin Map Maker" : "Quorrin Map Maker - " + name);
+    for (const auto& [file, name] : {std::pair{"Dark.Cave.qrnm", " - Dark"}, {".qrnm", ""}, {"No Dot", " - No Dot"}}) {
+        window.SetSavedFileName(folder.file(file));
+        EXPECT_EQ(window.Title, std::string("Quorrin Map Maker") + name);
     }
 }
 

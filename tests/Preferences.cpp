@@ -58,10 +58,7 @@ using Preferences = Program;
 
 TEST_F(Preferences, KeepThePageSetupAcrossRuns)
 {
-    // Long enough for several lines of base-64, and no text of ours.
-    std::string chosen;
-    for (int i = 0; i < 300; ++i)
-        chosen += static_cast<char>(i);
+    const std::string chosen(300, '\xFE'); // long enough for several lines of base-64
     const auto file = folder.file("ZVKQuorrinMapMaker/QuorrinMapMaker.ini");
     EXPECT_FALSE(Module1::myPrinterSetup);
     Module1::ShowPageSetup();

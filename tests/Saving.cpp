@@ -109,15 +109,3 @@ TEST_F(Saving, WhereNoFileCanBeReplacedItIsWrittenInPlaceOrRefusedInSilence)
     }
     std::filesystem::permissions(folder.path, std::filesystem::perms(0777));
 }
-
-TEST_F(Saving, AFileNameIsBytes)
-{
-    const std::string name = "Caf\xe9 \xc3\xa9\xf0\x9f\x97\xba.qrnm";
-    person.save = [&](const std::string&) { return folder.file(name); };
-    ASSERT_TRUE(window.mSave());
-    EXPECT_EQ(window.mySavedFileName + ".qrnm", name);
-    EXPECT_TRUE(contentOf(folder / name) == window.MapText());
-    window.pmGrid.ListIndex = 3;
-    window.mOpen(folder.file(name));
-    EXPECT_EQ(window.pmGrid.ListIndex, 0);
-}

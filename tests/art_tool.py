@@ -26,9 +26,7 @@ SHARED = "object Box BoxColor SharedMask BoxBW\nobject Lid LidColor SharedMask L
 REFUSED = [
     ("unknown class", OBJECT, GOOD.replace("wood", "wod"), "class wod is not in both stylesheets"),
     ("unresolved reference", OBJECT, GOOD + '<use href="#nowhere"/>', "#nowhere leads nowhere"),
-    ("unresolved clip", OBJECT, GOOD.replace("path", 'path clip-path="url(#gone)"', 1), "#gone leads nowhere"),
     ("embedded style", OBJECT, "<style>.wood{fill:#f00}</style>" + GOOD, "element style is not allowed"),
-    ("style attribute", OBJECT, GOOD.replace('class="o"', 'style="stroke:#000"'), "is not allowed"),
     ("own paint", OBJECT, GOOD.replace('class="o"', 'fill="#000"'), "painted by class alone"),
     ("empty", OBJECT, "", "nothing to see (colour)"),
     ("empty in black and white", OBJECT, GOOD.replace('"wood"', '"wood c"').replace('"o"', '"o c"'), "nothing to see (bw)"),
@@ -38,7 +36,6 @@ REFUSED = [
     ("path that ends early", OBJECT, GOOD.replace("H10Z", "L10"), "ends too early"),
     ("bad number", OBJECT, GOOD + '<circle class="o" cx="2 8" cy="28" r="4"/>', "is no number"),
     ("id twice", OBJECT, '<g id="a"/><g id="a"/>' + GOOD, "id a given twice"),
-    ("broken XML", OBJECT, GOOD[:-2], "not well-formed"),
     ("missing drawing", OBJECT, None, "there is no such drawing"),
     ("shared mask", SHARED, GOOD.replace("46", "40"), "SharedMask differs from that of"),
     ("rename of nothing", OBJECT + " red=blue", GOOD, "no class red"),

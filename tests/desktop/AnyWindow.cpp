@@ -81,22 +81,14 @@ TEST_F(AnyWindow, IsADialogThatReturnAndEscapeEnd)
                   EXPECT_EQ(QApplication::focusWidget(), view.findChild<QLineEdit*>()) << "the first to be worked";
                   EXPECT_EQ(view.windowModality(), Qt::ApplicationModal);
                   EXPECT_FALSE(view.windowFlags() & Qt::WindowCloseButtonHint);
+                  EXPECT_EQ(view.windowTitle(), "A [*][*] dialog[*]");
+                  EXPECT_EQ(QApplication::focusWidget()->accessibleName(), "Name");
                   QTest::keyClicks(QApplication::focusWidget(), "12");
                   QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
               }),
               "12");
     EXPECT_EQ(show([](DesktopWindow& view) { QTest::keyClick(&view, Qt::Key_Escape); }), "cancelled");
     EXPECT_EQ(show([](DesktopWindow& view) { view.close(); }), "cancelled") << "closing is what its Cancel does";
-}
-
-TEST_F(AnyWindow, ShowsItsNamesAsTheyAre)
-{
-    show([this](DesktopWindow& view) {
-        EXPECT_EQ(view.windowTitle(), "A [*][*] dialog[*]");
-        EXPECT_EQ(widgetOf(dialog.Field).accessibleName(), "Name");
-        EXPECT_TRUE(static_cast<QPushButton&>(widgetOf(dialog.OkButton)).isDefault());
-        dialog.Close();
-    });
 }
 
 TEST_F(AnyWindow, HandsTheMouseToItsCanvases)

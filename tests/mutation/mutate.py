@@ -12,7 +12,6 @@ import os
 import random
 import re
 import shutil
-import signal
 import subprocess
 import sys
 from pathlib import Path
@@ -72,7 +71,8 @@ class Scratch:
 
     def run(self, *command, seconds=600):
         try:
-            return subprocess.run(list(map(str, command)), cwd=self.folder, env=self.environment, check=False,
+            # Tests send signals that what runs in the background of a shell ignores.
+            return subprocess.run(["env", "--default-signal", *map(str, command)], cwd=self.folder, env=self.environment, check=False,
                                   timeout=seconds, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL).returncode == 0
         except subprocess.TimeoutExpired:
             return False
@@ -100,8 +100,6 @@ class Scratch:
 
 
 def main():
-    # The companion's test sends it, but a shell has what runs in the background ignore it.
-    signal.signal(signal.SIGINT, signal.default_int_handler)
     parser = argparse.ArgumentParser(usage=__doc__)
     parser.add_argument("scratch", type=Path)
     parser.add_argument("folders", nargs="*", default=sorted(path.name for path in (PROJECT / "src").iterdir()))
