@@ -64,11 +64,10 @@ TEST_F(CharacterEditor, TakesThePictureOfAFileWhole)
 
 TEST_F(CharacterEditor, ShowsTheFigureAndTheTokenAfterEachChange)
 {
-    const auto file = folder.file("figure.png");
-    window.DrawObject(37, 1)->Save(file, PictureFormat::Png, 100);
+    window.DrawObject(37, 1)->Save(folder.file("figure.png"), PictureFormat::Png, 100);
     person.popUp = [](const MenuItem& base) { return entryOf(base, "Tree"); };
-    const std::function<void()> changes[] = {[&] { load(file); }, [&] { editor.BevelButton1.Push(); },
-                                             [&] { editor.PushButton2.Push(); }};
+    const std::function<void()> changes[] = {[&] { load(folder.file("figure.png")); },
+                                             [&] { editor.BevelButton1.Push(); }, [&] { editor.PushButton2.Push(); }};
     for (Canvas* canvas : {&editor.Canvas1, &editor.Canvas2})
         for (const auto& change : changes) {
             EXPECT_GT(paintings(*canvas, change), 0);

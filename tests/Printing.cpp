@@ -63,7 +63,6 @@ TEST_F(Printing, HasThePrintableAreaOfTheSetup)
 {
     const std::tuple<const char*, double, double> cases[] = {
         {"", 595 - 56, 842 - 56},
-        {"paper=A4;orientation=landscape", 842 - 56, 595 - 56},
         {"paper=Letter;orientation=landscape;margins=0,0,0,0", 792, 612},
         {"paper=Letter;margins=10,20,30,40", 612 - 40, 792 - 60},
         {"paper=Custom.Odd;size=300x400;margins=0,0,0,0", 300, 400},
@@ -158,27 +157,6 @@ TEST_F(Printing, TurnsTheSheetOnEveryPageAndKeepsItsPhotographsWhole)
     for (const auto& image : images)
         EXPECT_EQ(std::pair(image.width, image.height), std::pair(600, 1000));
     EXPECT_EQ(person.proposedNames.back(), "Den Character Sheet");
-}
-
-TEST_F(Printing, IsSharp)
-{
-    window.pmBackground.ListIndex = 8;
-    window.pmGrid.ListIndex = 2;
-    window.pmBorderTop.ListIndex = window.pmBorderLeft.ListIndex = 2;
-    window.pmColorBW.ListIndex = 0;
-    for (int column = 1; column <= 12; ++column)
-        window.mySquares(column, 2)->thisObject = column;
-    window.mySquares(4, 4)->thisDM = 4;
-    window.cbShowDMObjects.Value = true;
-    window.RenderMap(true);
-    Module1::myPrinterSetup->SetupString = "paper=A4";
-    window.ChooseMenu("mnuPrint");
-    const auto images = imagesOf(file->Path());
-    EXPECT_GT(images.size(), 12u);
-    for (const auto& image : images)
-        EXPECT_GE(std::min(image.columnsPerInch, image.rowsPerInch), 260) << image.width << " by " << image.height;
-    EXPECT_NE(outputOf("pdftotext '" + file->Path() + "' -").find('3'), std::string::npos) << "numbers are text";
-    EXPECT_LT(std::filesystem::file_size(file->Path()), 6u << 20);
 }
 
 TEST_F(Printing, WrapsTheScriptAndLeavesItsMarginsFree)

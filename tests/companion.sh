@@ -102,10 +102,15 @@ for signal in TERM:143 INT:130; do
     [ "$(ls -A new/pictures)" = "$left" ] || fail "a worker is left"
 done
 
-# Prints in true size are sharp, large ones too.
-status 0 "$program" print --square 60mm -o large "$sample"
-status 0 "$program" print --what sheet --square 25mm -o large "$sample"
+# Prints are sharp and small, in true size too, and the numbers of markers are text.
+status 0 "$program" print -o large -- "$samples"/*.qrnm
 for print in large/*.pdf; do
+    [ "$(stat -c %s "$print")" -lt 3000000 ] || fail "$print has $(stat -c %s "$print") bytes"
+done
+pdftotext "large/The Old Mine Map.pdf" - | tr -d '\n \f' | grep -q 'H.*3' || fail "no numbers"
+status 0 "$program" print --square 60mm -o large/true "$sample"
+status 0 "$program" print --what sheet --square 25mm -o large/true "$sample"
+for print in large/*.pdf large/true/*.pdf; do
     lowest=$(pdfimages -list "$print" | awk 'NR > 2 {print $13; print $14}' | sort -n | head -n 1)
     [ "${lowest:-0}" -ge 260 ] || fail "$print has ${lowest:-no} pixels an inch"
 done

@@ -13,7 +13,7 @@ import time
 from concurrent.futures import ThreadPoolExecutor
 from pathlib import Path
 
-from person import Person, changed, fail, placing, wait_for
+from person import Person, fail, placing, wait_for
 
 files = [Path(argument).resolve() for argument in sys.argv[1:4]]
 kills = int(sys.argv[4]) if len(sys.argv) > 4 else 6
@@ -23,29 +23,12 @@ QUIET, LATEST = 2, 20
 SLACK = 1.5  # for writing, and for a machine that has other things to do
 
 
-def numbering(person, chance):
-    """Types in the editor of a token, which stays open."""
-    person.click(258, 33)  # the tab "DM"
-    person.click(166, 295)  # "Character Sheet"
-    person.click(326 + 65, 21 + 100)  # the first token
-    person.tool("windowfocus", person.window("^Character$"))
-    person.tool("key", "Tab", "Tab", "Tab", "ctrl+a")
-    text = ""
-    while True:
-        digit = chance.choice("123456789")
-        remove = len(text) > 1
-        text = text[:-1] if remove else text + digit
-        number = text.encode() + b"\xbb"
-        yield (["key", "BackSpace" if remove else digit],
-               changed(person.content, 6, b"\xfc", 0, lambda _, number=number: number))
-
-
 def kill_and_recover(number):
     chance = random.Random(f"{seed} {number}")
     is_busy = number % 6 == 0  # no pause at all, for longer than the program may wait
     with Person(*files) as person:
         process = person.open_map()
-        actions = (numbering if number % 3 == 1 else placing)(person, chance)
+        actions = placing(person, chance)
         states, times = [person.content], []  # after each action, and when it ended
         start = time.monotonic()
         end = start + (chance.uniform(LATEST + SLACK + 0.5, 30) if is_busy else chance.uniform(1, 12))
@@ -65,7 +48,7 @@ def kill_and_recover(number):
 
         person.start()
         person.window("^Quorrin Map Maker$")
-        what = f"kill {number} after {len(times)} actions of {actions.__name__}, {due} of them due"
+        what = f"kill {number} after {len(times)} actions, {due} of them due"
         if not person.copies():
             if due:
                 fail(f"{what}: no copy")

@@ -102,6 +102,16 @@ TEST_F(AnyWindow, HandsTheMouseToItsCanvases)
         QCoreApplication::sendEvent(&area, &drag);
         EXPECT_EQ(dialog.at, std::pair(70, -3)) << "the way leads on beyond the edge";
         QTest::mouseRelease(&area, Qt::LeftButton);
+        area.setFocus();
+        QTest::keyPress(&area, Qt::Key_Space); // in the middle
+        EXPECT_EQ(dialog.at, std::pair(25, 25));
+        for (const auto& [key, to] : {std::pair{Qt::Key_Right, std::pair(35, 25)},
+                                      {Qt::Key_Up, {35, 15}},
+                                      {Qt::Key_Right, {45, 15}},
+                                      {Qt::Key_Right, {49, 15}}}) {
+            QTest::keyClick(&area, key);
+            EXPECT_EQ(dialog.at, to);
+        }
         dialog.Close();
     });
 }
