@@ -81,7 +81,7 @@ public:
         for (std::int64_t at = 0; at < got->Width() * got->Height(); ++at) {
             const auto x = at % got->Width(), y = at / got->Width();
             const Color shown = got->RGBSurface().Pixel(x, y), rule = wanted->RGBSurface().Pixel(x, y);
-            const auto apart = [](int one, int other) { return std::abs(one - other) > 2; };
+            const auto apart = [](int one, int other) { return std::abs(one - other) > 0; };
             if (apart(shown.red, rule.red) || apart(shown.green, rule.green) || apart(shown.blue, rule.blue))
                 return Str(x) + "," + Str(y) + " is " + text(shown) + " instead of " + text(rule);
         }

@@ -118,6 +118,7 @@ TEST_F(UserPicture, StretchesALoadedPictureOverTheDrawing)
         EXPECT_TRUE(editor.ChooseMenu("mnuOpenUserPicture"));
         EXPECT_EQ(bytesOf(editor.myImage), before);
         EXPECT_TRUE(person.messages.empty());
+        EXPECT_TRUE(editor._mnuSavePicture_Action()) << "cancelled";
         person.save = [&](const std::string& name) { return folder.file(name); };
         EXPECT_TRUE(editor.HandlesMenu("mnuSavePicture")) << "though no item bears the name";
         editor._mnuSavePicture_Action();
@@ -159,6 +160,8 @@ TEST_F(UserPicture, LiesOverTheMapAndGoesToItOnApplyAlone)
         EXPECT_TRUE(window.isDirty);
     }
     const auto drawing = bytesOf(window.UserPicture);
+    EXPECT_TRUE(alike(window.UserPicture->Enlarged(3), Picture::FromData(drawing)->Enlarged(3)))
+        << "no more than a file keeps";
     edit([&](frmEditUserPicture& editor) {
         EXPECT_EQ(bytesOf(editor.myImage), drawing);
         EXPECT_EQ(pixelOf(Module1::pMain, 310, 502), RGB(200, 200, 200)) << "the map below is without the drawing";

@@ -62,7 +62,7 @@ def filled_areas(pdf, page, color):
         fill = re.search(r"fill:rgb\(([\d.]+)%,([\d.]+)%,([\d.]+)%\)", path.get("style", ""))
         if not fill or not path.get("d"):
             continue
-        if all(abs(float(part) * 2.55 - wanted) < 1 for part, wanted in zip(fill.groups(), color)):
+        if all(abs(float(part) * 2.55 - wanted) < 0.6 for part, wanted in zip(fill.groups(), color)):
             numbers = [float(number) for number in re.findall(r"-?[\d.]+", path.get("d"))]
             yield min(numbers[0::2]), min(numbers[1::2]), max(numbers[0::2]), max(numbers[1::2])
 

@@ -43,7 +43,7 @@ with Person(*files) as person:
     person.tool("windowfocus", person.window("Quorrin Map Maker - edited$"), "key", "ctrl+q")
     if running.wait(20) != 0:
         fail(f"status {running.returncode}")
-    complains(person, b'there is no file "', person.home / "none.qrnm")
+    complains(person, b'there is no file "-none.qrnm"', "--", "-none.qrnm")
     complains(person, b'" cannot be read', person.home)
     complains(person, b'only one map can be open; "two.qrnm" is left out', person.home / "one.qrnm", "two.qrnm")
 print("One click, one chest, nothing else.")

@@ -104,11 +104,11 @@ TEST_F(AnyWindow, HandsTheMouseToItsCanvases)
         QTest::mouseRelease(&area, Qt::LeftButton);
         area.setFocus();
         QTest::keyPress(&area, Qt::Key_Space); // in the middle
-        EXPECT_EQ(dialog.at, std::pair(25, 25));
-        for (const auto& [key, to] : {std::pair{Qt::Key_Right, std::pair(35, 25)},
-                                      {Qt::Key_Up, {35, 15}},
-                                      {Qt::Key_Right, {45, 15}},
-                                      {Qt::Key_Right, {49, 15}}}) {
+        EXPECT_EQ(dialog.at, std::pair(24, 24));
+        for (const auto& [key, to] : {std::pair{Qt::Key_Right, std::pair(34, 24)},
+                                      {Qt::Key_Up, {34, 14}},
+                                      {Qt::Key_Right, {44, 14}},
+                                      {Qt::Key_Right, {49, 14}}}) {
             QTest::keyClick(&area, key);
             EXPECT_EQ(dialog.at, to);
         }

@@ -1,6 +1,8 @@
 #include "Person.h"
 
 #include "app/iniClass.h"
+#include "desktop/Dialogs.h"
+#include "toolkit/QtBridge.h"
 
 #include <QAbstractButton>
 #include <QAccessible>
@@ -12,6 +14,7 @@
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QPlainTextEdit>
+#include <QPrinter>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QWheelEvent>
@@ -363,4 +366,18 @@ TEST_F(MainWindow, OnASmallScreenTheContentScrolls)
     widgetOf<QWidget>(window.btnSaveCharacters).setFocus();
     person.key(Qt::Key_Tab); // to the other button
     EXPECT_EQ(QApplication::focusWidget()->visibleRegion().boundingRect().size(), QSize(200, 22));
+}
+
+TEST(PrintDialogs, KeepThePageSetupAndTakeTheCopiesOfThePrinter)
+{
+    QPrinter printer(QPrinter::HighResolution);
+    printer.setOutputFormat(QPrinter::PdfFormat);
+    const std::string text = "paper=A5;size=420x595;orientation=landscape;margins=30,31,32,33";
+    QtBridge::applySetup({text}, printer);
+    PrinterSetup setup;
+    QtBridge::readSetup(printer, setup);
+    EXPECT_EQ(setup.SetupString, text);
+    printer.setCopyCount(3);
+    EXPECT_EQ(takeCopies(printer), 3);
+    EXPECT_EQ(printer.copyCount(), 1);
 }
