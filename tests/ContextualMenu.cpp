@@ -43,13 +43,6 @@ TEST_F(ContextualMenu, FitsTheTool)
         EXPECT_EQ(offered(0, 0), tab < 2 ? switches : Entries{}); // the margin
         EXPECT_EQ(offered(), expected[tab]);
     }
-    EXPECT_FALSE(window.isDirty);
-    int tool = Window1::WallTool;
-    for (const auto& text : switches) {
-        window.TabPanel1.Value = Window1::GridTool;
-        EXPECT_EQ(choose(text), nothing);
-        EXPECT_EQ(window.TabPanel1.Value, tool++);
-    }
 }
 
 TEST_F(ContextualMenu, AnEntryChangesTheSquareAndComposesThePage)

@@ -69,14 +69,6 @@ TEST_F(Lifecycle, OpenLeavesTheScriptAndComposesWhateverComesOfIt)
     EXPECT_EQ(window.PagePanel1.Value, 0);
 }
 
-TEST_F(Lifecycle, TheNameEndsAtTheFirstDot)
-{
-    for (const auto& [file, name] : {std::pair{"Dark.Cave.qrnm", " - Dark"}, {".qrnm", ""}, {"No Dot", " - No Dot"}}) {
-        window.SetSavedFileName(folder.file(file));
-        EXPECT_EQ(window.Title, std::string("Quorrin Map Maker") + name);
-    }
-}
-
 TEST_F(Lifecycle, AHandedOverFileOpensAtLaunchOnly)
 {
     const std::pair<const char*, bool> names[] = {

@@ -185,20 +185,6 @@ TEST_F(MapFile, EqualIconsAreOnePictureAndTheirUnpackingHasAnEnd)
     EXPECT_EQ(window.myCharacters(20)->IconData, blank[19]) << "what is not shown is kept";
 }
 
-TEST_F(MapFile, AUserPictureComesBackAndOneThatIsNoneIsNil)
-{
-    window.UserPicture = New<Picture>(4, 4);
-    const auto text = window.MapText();
-    EXPECT_TRUE(open(asUtf8(text)).empty());
-    EXPECT_EQ(window.MapText(), text);
-    EXPECT_EQ(window.UserPicture->Transparent, 1) << "the map shows through the drawing's white";
-    EXPECT_EQ(pixelOf(window.UserPicture, 0, 0), white) << "what is clear is kept as white";
-    for (const std::string field : {"", "\r\n", "not base-64 of a picture", "iVBORw0KGgo="}) {
-        EXPECT_TRUE(open(with(0, "0" + F + "0" + F + "0" + F + field + F)).empty());
-        EXPECT_FALSE(window.UserPicture) << field;
-    }
-}
-
 TEST_F(MapFile, SavingProposesTheNameAndKeepsItOnFailure)
 {
     EXPECT_FALSE(window.mSave());

@@ -34,7 +34,6 @@ REFUSED = [
     ("white fringe", OBJECT, '<path class="white" d="M28.5,5 L51,28.5 L28.5,51 L5,28.5Z"/>', "white fringe of"),
     ("bad path data", OBJECT, GOOD.replace("V46", "V"), "has a fault at 'H10Z"),
     ("path that ends early", OBJECT, GOOD.replace("H10Z", "L10"), "ends too early"),
-    ("bad number", OBJECT, GOOD + '<circle class="o" cx="2 8" cy="28" r="4"/>', "is no number"),
     ("id twice", OBJECT, '<g id="a"/><g id="a"/>' + GOOD, "id a given twice"),
     ("missing drawing", OBJECT, None, "there is no such drawing"),
     ("shared mask", SHARED, GOOD.replace("46", "40"), "SharedMask differs from that of"),

@@ -362,10 +362,6 @@ TEST_F(MainWindow, OnASmallScreenTheContentScrolls)
     person.click(164, 33);
     EXPECT_EQ(window.TabPanel1.Value, 2);
     EXPECT_EQ(scroll->horizontalScrollBar()->value(), 0);
-    window.btnCharacterTool.Push();
-    widgetOf<QWidget>(window.btnSaveCharacters).setFocus();
-    person.key(Qt::Key_Tab); // to the other button
-    EXPECT_EQ(QApplication::focusWidget()->visibleRegion().boundingRect().size(), QSize(200, 22));
 }
 
 TEST(PrintDialogs, KeepThePageSetupAndTakeTheCopiesOfThePrinter)
