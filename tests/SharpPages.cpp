@@ -1,7 +1,10 @@
 #include "Fixture.h"
 
+#include "toolkit/Graphics.h"
+
 #include <algorithm>
 #include <cstdlib>
+#include <random>
 
 using namespace quorrin;
 
@@ -83,5 +86,43 @@ TEST_F(SharpPages, EqualThePlainOneOnEverythingStraightAndComeNearItOnArt)
             EXPECT_LT(off.mean, 8) << mode;
         }
         window.isDirty = false;
+    }
+}
+
+/// A page is painted over the one before, only where they differ; while the one before is held, it is painted whole.
+TEST_F(SharpPages, AreTheSamePaintedOverTheOneBefore)
+{
+    std::mt19937 dice(1);
+    const auto any = [&](std::int64_t from, std::int64_t to) {
+        return std::uniform_int_distribution<std::int64_t>(from, to)(dice);
+    };
+    addWalls(true);
+    window.cbShowDMObjects.Value = true;
+    window.pmBackground.ListIndex = 3;
+    const std::vector<std::function<void(const Ref<cSquare>&, const Ref<cSquare>&)>> edits = {
+        [&](auto square, auto) { square->thisObject = any(0, 123); },
+        [&](auto, auto square) { square->thisObject = any(0, 123); },
+        [&](auto square, auto) { square->thisDM = any(0, 21); },
+        [&](auto square, auto) { square->Wall = New<cWall>(any(0, 1), true, any(0, 1), true, any(0, 1), any(0, 1)); },
+        [&](auto square, auto) { std::swap(square->Wall->Slash, square->Wall->DoorTop); },
+        [&](auto, auto) { window.pmBorderLeft.ListIndex = any(0, 3); },
+        [&](auto, auto) { window.pmGrid.ListIndex = any(0, 6); },
+        [&](auto, auto) { window.cbShowClickable.Value = !window.cbShowClickable.Value; },
+        [&](auto, auto) {
+            window.UserPicture = New<Picture>(756, 576);
+            window.UserPicture->Graphics().DrawOval(any(0, 300), 20, 99, 300);
+        },
+    };
+    for (int i = 0; i < 36; ++i) {
+        edits[static_cast<std::size_t>(i) % edits.size()](window.mySquares(any(1, 12), any(1, 9)),
+                                                          window.mySquaresTop(any(1, 12), any(1, 9)));
+        const int scale = 2 + i / 18;
+        window.RenderMap(true);
+        const auto over = window.myImage->Enlarged(scale);
+        const auto held = window.myImage;
+        window.RenderMap(true);
+        const auto whole = window.myImage->Enlarged(scale);
+        if (bytesOf(over) != bytesOf(whole))
+            FAIL() << "edit " << i << ": " << alike(over, whole).message();
     }
 }

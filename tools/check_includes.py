@@ -17,7 +17,8 @@ FOR_EVERYONE = "app/Module1.h"
 # The toolkit's headers stay free of Qt, but for these; only the first is for the desktop, too.
 QT_HEADER = Path("toolkit/QtBridge.h")
 QT_HEADERS = {QT_HEADER} | {Path("toolkit", name) for name in
-                            ("CarriedArt.h", "LaidOutText.h", "Painting.h", "PictureDecoding.h", "PictureSource.h")}
+                            ("CarriedArt.h", "LaidOutText.h", "Painting.h", "PictureDecoding.h", "PictureSource.h",
+                             "Repainting.h")}
 INCLUDE = re.compile(r'^\s*#\s*include\s*(["<])([^">]+)[">]', re.MULTILINE)
 
 

@@ -3,6 +3,7 @@
 #include "toolkit/CarriedArt.h"
 #include "toolkit/Picture.h"
 #include "toolkit/PictureDecoding.h"
+#include "toolkit/Repainting.h"
 
 #include <QCache>
 #include <QColorSpace>
@@ -25,11 +26,12 @@ constexpr int mostDepth = 12;
 
 using LargerKey = std::pair<std::uint64_t, int>;
 
+constexpr int budgetKilobytes = 160 << 10;
+
 /// Pictures at larger scales; those that were not asked for longest go first. They outlive all static pictures, which
 /// take themselves out when the program ends.
 QCache<LargerKey, QImage>& largerPictures()
 {
-    constexpr int budgetKilobytes = 160 << 10;
     // Never destroyed: shared pictures that live longer would ask for it at their end.
     static auto& pictures = *new QCache<LargerKey, QImage>(budgetKilobytes);
     return pictures;
@@ -43,6 +45,13 @@ QImage larger(std::uint64_t id, int scale, const std::function<QImage()>& make)
     const QImage made = make();
     known.insert({id, scale}, new QImage(made), std::max<qsizetype>(1, made.sizeInBytes() >> 10));
     return made;
+}
+
+/// Drops larger pictures until this much more fits the budget.
+void makeRoomFor(qint64 kilobytes)
+{
+    largerPictures().setMaxCost(budgetKilobytes - std::min<qint64>(kilobytes, budgetKilobytes));
+    largerPictures().setMaxCost(budgetKilobytes);
 }
 
 void forgetLarger(std::uint64_t id)
@@ -117,8 +126,13 @@ Drawing::Drawing(const Drawing& other)
 
 Drawing::~Drawing()
 {
-    if (hasLarger_)
-        forgetLarger(id_);
+    if (!hasLarger_)
+        return;
+    if (steps_.size() >= fewestStepsToRepaint)
+        for (int scale = 2; scale <= largestPictureScale; ++scale)
+            if (const std::unique_ptr<QImage> image{largerPictures().take({id_, scale})})
+                keepForRepainting({size(), opaque_, scale, steps_, std::move(*image)});
+    forgetLarger(id_);
 }
 
 bool Drawing::coversAll(const Step& step) const
@@ -194,6 +208,9 @@ QImage Drawing::enlarged(int scale) const
 {
     if (origin_ == Origin::Art)
         return largeArt(artName_, size() * scale);
+    if (steps_.size() >= fewestStepsToRepaint)
+        if (QImage image = repainted(size(), opaque_, scale, steps_); !image.isNull())
+            return image;
     QImage image = blank(scale);
     if (!image.isNull()) {
         QPainter painter(&image);
@@ -218,6 +235,9 @@ QImage Drawing::allPixels(int scale) const
     constexpr int asInFile = 0;
     hasLarger_ = true;
     return larger(id_, asInFile, [&] {
+        // A file of 16 bits a channel takes three times as much while it is decoded.
+        constexpr int whileDecoding = 3;
+        makeRoomFor(whileDecoding * (qint64(size().width()) * size().height() >> 8));
         const QImage decoded = decodedPicture(*file_, Picture::anyNumberOfPixels).image;
         return decoded.isNull() ? plain() : pixelsOf(decoded);
     });
@@ -242,6 +262,15 @@ bool Drawing::replay(const Surface& surface) const
 bool Drawing::isClear() const
 {
     return size().isEmpty() || (origin_ == Origin::Blank && !opaque_ && steps_.empty());
+}
+
+bool Drawing::showsWhat(const PictureSource& other) const
+{
+    if (this == &other)
+        return true;
+    const auto* drawing = dynamic_cast<const Drawing*>(&other);
+    return drawing && origin_ == Origin::Blank && drawing->origin_ == Origin::Blank && opaque_ == drawing->opaque_
+           && size() == drawing->size() && steps_ == drawing->steps_;
 }
 
 MaskedPicture::MaskedPicture(std::shared_ptr<const PictureSource> own, std::shared_ptr<const PictureSource> mask,
@@ -269,7 +298,7 @@ QImage MaskedPicture::masked(int scale) const
 
 QImage MaskedPicture::at(int scale) const
 {
-    if (scale == 1) {
+    if (scale == 1 || (!mask_ && own_->isPixels())) {
         if (plain_.isNull())
             plain_ = masked(1);
         return plain_;

@@ -33,11 +33,17 @@ public:
     /// Carries out on paper, in units, what was drawn; false where there are only pixels.
     virtual bool replay(const Surface&) const { return false; }
 
+    /// Whether it has the same pixels at every scale.
+    virtual bool isPixels() const { return false; }
+
     /// Whether it hides all that lies below it.
     virtual bool isOpaque() const { return false; }
 
     /// Whether nothing of it would be seen.
     virtual bool isClear() const { return size_.isEmpty(); }
+
+    /// Whether it is known to show the same as the other at every scale.
+    virtual bool showsWhat(const PictureSource& other) const { return this == &other; }
 
     /// How many pictures drawn on pictures stand behind this one.
     virtual int depth() const { return 0; }
@@ -67,7 +73,7 @@ public:
     ~Drawing() override;
 
     bool isOpaque() const override { return opaque_; }
-    bool isPixels() const { return origin_ == Origin::Pixels; }
+    bool isPixels() const override { return origin_ == Origin::Pixels; }
 
     void draw(Step step);
     /// The pixels at scale 1, to be changed. From now on the picture is these pixels alone.
@@ -78,6 +84,7 @@ public:
     int scaleToMaskAt(int scale) const override;
     bool replay(const Surface& surface) const override;
     bool isClear() const override;
+    bool showsWhat(const PictureSource& other) const override;
     int depth() const override { return depth_; }
 
 private:
