@@ -96,7 +96,6 @@ TEST_F(SharpPages, AreTheSamePaintedOverTheOneBefore)
     const auto any = [&](std::int64_t from, std::int64_t to) {
         return std::uniform_int_distribution<std::int64_t>(from, to)(dice);
     };
-    addWalls(true);
     window.cbShowDMObjects.Value = true;
     window.pmBackground.ListIndex = 3;
     const std::vector<std::function<void(const Ref<cSquare>&, const Ref<cSquare>&)>> edits = {
