@@ -56,8 +56,8 @@ TEST(Pictures, TheTwoFormsAndTransparentWhite)
 
 TEST(Pictures, AMaskFadesAndCanBeTakenAway)
 {
-    const auto picture = New<Picture>(3, 1, 32), mask = New<Picture>(3, 1, 32), page = New<Picture>(3, 1, 32);
-    picture->Graphics().FillRect(0, 0, 3, 1);
+    const auto picture = New<Picture>(4, 2, 32), mask = New<Picture>(3, 1, 32), page = New<Picture>(4, 2, 32);
+    picture->Graphics().FillRect(0, 0, 4, 2);
     mask->RGBSurface().SetPixel(0, 0, black);
     mask->RGBSurface().SetPixel(1, 0, RGB(128, 128, 128));
     for (const auto& shown : {mask, Ref<Picture>()}) {
@@ -65,7 +65,8 @@ TEST(Pictures, AMaskFadesAndCanBeTakenAway)
         page->Graphics().DrawPicture(picture, 0, 0);
         EXPECT_EQ(at(page, 0, 0), black);
         EXPECT_NEAR(at(page, 1, 0).green, shown ? 128 : 0, 1);
-        EXPECT_EQ(at(page, 2, 0), shown ? white : black);
+        for (const auto& [x, y] : {std::pair{2, 0}, {3, 0}, {0, 1}}) // two of them beyond the mask
+            EXPECT_EQ(at(page, x, y), shown ? white : black);
     }
     // Without area there is nothing to draw, and nil is no picture.
     const auto none = New<Picture>(0, 9);

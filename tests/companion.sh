@@ -131,6 +131,19 @@ for damaged in letter.qrnm empty.qrnm marks noise third; do
     [ ! -e none.png ] || fail "a thumbnail of $damaged"
 done
 
+# A worker that dies takes one map with it.
+"$program" export --set --scale 8 --jobs 1 -o dead "$sample" 2>err &
+while kill -0 $! 2>/dev/null; do
+    for process in /proc/[0-9]*/stat; do
+        { read -r worker _ _ parent _ <"$process"; } 2>/dev/null || continue
+        [ "$parent" != $! ] || { kill -KILL "$worker" && break 2; }
+    done
+done
+got=0
+wait $! || got=$?
+[ "$got" = 1 ] || fail "status $got when a worker dies"
+grep -qx "$sample: The work on this map ended unexpectedly." err || fail "no word of the dead worker: $(cat err)"
+
 # Wrong usage.
 status 2 "$program"
 status 2 "$program" export
