@@ -13,11 +13,8 @@ TEST_F(Lifecycle, NewResetsTheMapAndTheToolsAndLeavesTheRest)
     w.rWallColor.FillColor = white;
     w.txtMonster.Text = "orc";
     const auto drawing = w.UserPicture = New<Picture>(5, 5);
-    w.SetSavedFileName(folder.file("Cave.qrnm"));
     w.isDirty = false;
     EXPECT_EQ(effectOf([&] { EXPECT_TRUE(w.ChooseMenu("mnuNew")); }), composed);
-    for (const PopupMenu* popup : {&w.pmDM, &w.pmObjects, &w.pmVisibleLayers, &w.pmLandscape})
-        EXPECT_EQ(popup->ListIndex, 0);
     EXPECT_EQ(*w.ChosenWall(), cWall());
     EXPECT_FALSE(w.pmDM.Enabled);
     EXPECT_FALSE(w.btnMaze.Enabled);
@@ -25,7 +22,6 @@ TEST_F(Lifecycle, NewResetsTheMapAndTheToolsAndLeavesTheRest)
     EXPECT_EQ(w.UserPicture, drawing);
     EXPECT_TRUE(w.cbOverlayUserPict.Value);
     EXPECT_EQ(w.txtMonster.Text, "orc");
-    EXPECT_EQ(w.Title, "Quorrin Map Maker - Cave");
 }
 
 TEST_F(Lifecycle, AskWhatToDoAboutChanges)
