@@ -6,9 +6,9 @@
 #include <cstddef>
 #include <string>
 
-// The page as its rules say, one layer after the other, from tiles and art alone: it shares no code with the composer.
+// What the page should show, one layer after the other, from tiles and art alone: it shares no code with the composer.
 
-inline quorrin::Ref<quorrin::Picture> pageByRules(quorrin::Window1& window)
+inline quorrin::Ref<quorrin::Picture> modelPage(quorrin::Window1& window)
 {
     using namespace quorrin;
     const bool portrait = window.pmLandscape.ListIndex == 1;

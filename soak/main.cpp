@@ -71,10 +71,10 @@ public:
                && window_.txtGameText.Text == model_.fields[1];
     }
 
-    /// The first pixel of the page that is not as its rules say; empty when all are.
+    /// The first pixel that the page shows otherwise than its model; empty when there is none.
     std::string wrongPixel()
     {
-        const auto got = window_.myImage, wanted = pageByRules(window_);
+        const auto got = window_.myImage, wanted = modelPage(window_);
         if (got->Width() != wanted->Width())
             return "It is " + Str(got->Width()) + " wide";
         const auto text = [](const Color& c) { return Str(c.red) + " " + Str(c.green) + " " + Str(c.blue); };

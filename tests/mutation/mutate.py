@@ -72,8 +72,9 @@ class Scratch:
     def run(self, *command, seconds=600):
         try:
             # Tests send signals that what runs in the background of a shell ignores.
-            return subprocess.run(["env", "--default-signal", *map(str, command)], cwd=self.folder, env=self.environment, check=False,
-                                  timeout=seconds, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL).returncode == 0
+            return subprocess.run(["env", "--default-signal", *map(str, command)], cwd=self.folder, check=False,
+                                  env=self.environment, timeout=seconds, stdout=subprocess.DEVNULL,
+                                  stderr=subprocess.DEVNULL).returncode == 0
         except subprocess.TimeoutExpired:
             return False
 
