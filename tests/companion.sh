@@ -176,7 +176,7 @@ print --board
 print --bw
 print --markers
 print --what script --square 1in
-print --square 1cm
+print --square 10cm
 print --square inf
 print --square 4mm
 print --square 101mm
