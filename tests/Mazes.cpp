@@ -127,8 +127,8 @@ TEST_F(Placement, OfObjectsStretchesTheBottomLayerWhicheverTheMazeIsOn)
         const bool onTop = seed % 4 >= 2;
         window.pmObjectLayer.ListIndex = onTop ? 1 : 0;
         // One column and one row stand twice in the end.
-        const auto [width, height, twiceColumn, twiceRow] =
-            landscape ? std::tuple{12, 8, 8, 6} : std::tuple{8, 12, 6, 8};
+        const int width = landscape ? 12 : 8, height = landscape ? 8 : 12;
+        const int twiceColumn = landscape ? 8 : 6, twiceRow = landscape ? 6 : 8;
         const Cells stamps = landscape ? Cells{{1, 6}, {8, 1}, {8, 8}} : Cells{{1, 7}, {5, 1}, {5, 12}};
         make(window.btnMaze, landscape, [&](int i, int j, const cSquare& bottom, const cSquare& top) {
             const bool onPage = i <= width && j <= height;

@@ -93,7 +93,7 @@ TEST_F(Tiles, WallsAndDoorsStandOnTheirEdgesAndTheSlantingOnesMirrorEachOther)
     for (const auto& [flag, band, door] : edges) {
         const auto got = tile(flag), wanted = New<Picture>(64, 64);
         const Color veiled = RGB(226, 135, 135); // the panel's half white over the colour
-        forEachPixel(64, 64, [&](auto x, auto y) {
+        forEachPixel(64, 64, [&, band = band, door = door](auto x, auto y) {
             const bool solid = inside(band, x, y) || (inside(door, x, y) && !inside(door, x, y, 1));
             const Color pale = solid ? veiled : panel;
             wanted->RGBSurface().SetPixel(x, y, inside(door, x, y) ? pale : solid ? color : clear);
@@ -188,7 +188,7 @@ protected:
     Ref<Picture> pageByRules(const Look& look, bool withDrawing)
     {
         const int width = look.portrait ? 576 : 756, height = 756 + 576 - width;
-        const auto page = New<Picture>(width, height, 32);
+        auto page = New<Picture>(width, height, 32);
         auto& g = page->Graphics();
         const auto fill = [&](Color color, int x, int y, int w, int h) { g.ForeColor = color, g.FillRect(x, y, w, h); };
         const auto art = [&](const std::string& name, int x, int y) {
