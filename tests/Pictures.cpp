@@ -156,8 +156,8 @@ TEST(Pictures, DataThatIsNoPictureOrLiesAboutItsSizeIsRefused)
     huge.replace(16, 8, std::string("\x00\x00\x7F\x00\x00\x00\x7F\x00", 8));
     // A bitmap that claims 30000 by 30000 pixels in 54 bytes.
     const std::string boast = std::string("BM") + std::string(8, '\0') + "\x36" + std::string(3, '\0') + "\x28"
-                              + std::string(3, '\0') + "\x30\x75\0\0\x30\x75\0\0" + std::string("\1\0\x18\0", 4)
-                              + std::string(24, '\0');
+                              + std::string(3, '\0') + std::string("\x30\x75\0\0\x30\x75\0\0", 8)
+                              + std::string("\1\0\x18\0", 4) + std::string(24, '\0');
     for (const auto& bytes : {huge, boast, std::string(), png.substr(0, 30), std::string(500, 'B')})
         EXPECT_FALSE(Picture::FromData(bytes)) << bytes.size();
 }
