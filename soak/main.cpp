@@ -96,7 +96,7 @@ private:
     Ref<MenuItem> leaf(const MenuItem& menu)
     {
         const auto& items = menu.Items();
-        const auto item = items[static_cast<std::size_t>(upTo(static_cast<std::int64_t>(items.size()) - 1))];
+        const auto& item = items[static_cast<std::size_t>(upTo(static_cast<std::int64_t>(items.size()) - 1))];
         return item->IsSeparator() ? leaf(menu) : item->Items().empty() ? item : leaf(*item);
     }
     static std::int64_t numberIn(const std::string& tag)
@@ -360,7 +360,7 @@ private:
         const bool older = kind == 3;
         if (older)
             openFile_ = file("Older.qrnm"), std::ofstream(openFile_->Path()) << saved.text(5);
-        std::ofstream(folder_ + "/Empty");
+        std::ofstream(folder_ + "/Empty") << "";
         std::ofstream(folder_ + "/Letter") << "1 letter";
         if (!openFile_->Exists() && kind > 3)
             return;

@@ -108,7 +108,7 @@ TEST_F(UserPicture, StretchesALoadedPictureOverTheDrawing)
     edit([&](frmEditUserPicture& editor) {
         stroke(editor, {{600, 300}, {700, 300}});
         const auto undo = editor.pUndo;
-        person.open = [&](const FileFilter&) { return file; };
+        person.open = [&](const FileFilter&) { return Ref<FolderItem>(file); };
         EXPECT_TRUE(editor.ChooseMenu("mnuOpenUserPicture"));
         for (const auto& [x, y, color] : {std::tuple{0, 0, red}, {0, 575, red}, {755, 575, clear}, {650, 300, black}})
             EXPECT_EQ(at(editor, x, y), color) << x << "," << y;

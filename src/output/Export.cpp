@@ -39,7 +39,7 @@ Ref<Picture> partOfPage(const Picture& page, const Area& area, std::int64_t widt
 {
     const double wanted = std::max(double(width) / double(area.width), double(height) / double(area.height));
     const int scale = std::clamp(static_cast<int>(std::ceil(wanted)), 1, largestPictureScale);
-    const auto part = New<Picture>(width, height, 32);
+    auto part = New<Picture>(width, height, 32);
     part->Graphics().DrawPicture(page.Enlarged(scale), 0, 0, double(width), double(height), double(area.x * scale),
                                  double(area.y * scale), double(area.width * scale), double(area.height * scale));
     return part;

@@ -117,13 +117,14 @@ void printStrips(Graphics& g, const StripSheet& sheet, const std::vector<Ref<con
     g.PenWidth = g.PenHeight = linePen;
     for (int n = 0; n < static_cast<int>(characters.size()); ++n) {
         const int place = n % perPage;
+        const int column = place % sheet.columns;
+        const int row = place / sheet.columns;
         if (n > 0 && place == 0)
             g.NextPage();
         if (place == 0)
             drawInstructions(g);
-        drawStrip(g, sheet, *characters[static_cast<std::size_t>(n)],
-                  paperMargin + place % sheet.columns * (sheet.stripWidth + gap),
-                  paperMargin + textHeight + place / sheet.columns * (sheet.stripHeight + gap));
+        drawStrip(g, sheet, *characters[static_cast<std::size_t>(n)], paperMargin + column * (sheet.stripWidth + gap),
+                  paperMargin + textHeight + row * (sheet.stripHeight + gap));
     }
 }
 

@@ -42,7 +42,7 @@ QImage larger(std::uint64_t id, int scale, const std::function<QImage()>& make)
     auto& known = largerPictures();
     if (const QImage* image = known.object({id, scale}))
         return *image;
-    const QImage made = make();
+    QImage made = make();
     known.insert({id, scale}, new QImage(made), std::max<qsizetype>(1, made.sizeInBytes() >> 10));
     return made;
 }
