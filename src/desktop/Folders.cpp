@@ -6,6 +6,7 @@
 #include <QDir>
 #include <QStandardPaths>
 
+#include <cstdlib>
 #include <filesystem>
 
 namespace quorrin {
@@ -57,7 +58,8 @@ std::string startFolder(FileKind kind)
     for (const auto& folder : {rememberedFolder(kind), lastFolder(), QtBridge::plainPath(documents)})
         if (isFolder(folder))
             return folder;
-    return QtBridge::plainPath(QDir::homePath());
+    const char* home = std::getenv("HOME");
+    return home ? home : QtBridge::plainPath(QDir::homePath());
 }
 
 void rememberFolder(FileKind kind, const FolderItem& file)

@@ -4,7 +4,6 @@
 #include "toolkit/RecoveryCopy.h"
 
 #include <QCoreApplication>
-#include <QStandardPaths>
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -97,6 +96,16 @@ std::string unusedName()
     char name[32];
     std::snprintf(name, sizeof name, ".quorrin-%08x%08x", std::random_device()(), std::random_device()());
     return name;
+}
+
+/// The folder that the variable names, else that in the home folder.
+std::string userFolder(const char* variable, const char* inHome)
+{
+    const char* folder = std::getenv(variable);
+    if (folder && *folder == '/')
+        return folder;
+    const char* home = std::getenv("HOME");
+    return std::string(home ? home : "") + inHome;
 }
 
 bool isNoRoom(int error)
@@ -325,19 +334,12 @@ void TextOutputStream::Close()
 
 Ref<FolderItem> SpecialFolder::ApplicationData()
 {
-    return New<FolderItem>(QtBridge::plainPath(QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation)));
+    return New<FolderItem>(userFolder("XDG_DATA_HOME", "/.local/share"));
 }
 
 Ref<FolderItem> SpecialFolder::State()
 {
-    const auto variable = [](const char* name) {
-        const char* value = std::getenv(name);
-        return std::string(value ? value : "");
-    };
-    auto state = variable("XDG_STATE_HOME");
-    if (!state.starts_with('/'))
-        state = variable("HOME") + "/.local/state";
-    return New<FolderItem>(state + "/quorrin-map-maker");
+    return New<FolderItem>(userFolder("XDG_STATE_HOME", "/.local/state") + "/quorrin-map-maker");
 }
 
 Ref<FolderItem> SpecialFolder::Executable()
