@@ -39,6 +39,11 @@ status 0 "$program" upgrade -o dotted Dark.Cave.qrnm
 [ -e dotted/Dark.Cave.qrnm ] || fail "a dotted name is cut"
 rm Dark.Cave.qrnm
 
+# Names of files and folders are bytes.
+mkdir $'Tr\xe9sor' && cp "$sample" $'Tr\xe9sor/Caf\xe9.qrnm'
+status 0 "$program" export -o $'Tr\xe9sor/\xff' $'Tr\xe9sor/Caf\xe9.qrnm'
+[ -e $'Tr\xe9sor/\xff/Quorrin Map Caf\xe9.png' ] || fail "no picture of another encoding"
+
 # The sheet of each map, and prints of one page or as many as there are copies.
 status 0 "$program" sheet -o sheets -- *.qrnm
 file=$(printf 'sheets/%s Character Sheet.jpg' "$name")

@@ -8,11 +8,12 @@
 #include "toolkit/QtBridge.h"
 
 #include <QComboBox>
-#include <QDir>
 #include <QLineEdit>
 #include <QPageSetupDialog>
 #include <QPrintDialog>
 #include <QPrinter>
+
+#include <filesystem>
 
 namespace quorrin {
 
@@ -66,7 +67,7 @@ std::unique_ptr<Graphics> DesktopPlatform::OpenPrinterDialog(const PrinterSetup&
             widget->setEnabled(false);
     offerColorModeToPrintersOnly(dialog, *printer);
     if (auto* fileName = dialog.findChild<QLineEdit*>(QStringLiteral("filename")))
-        fileName->setText(QDir(startFolder(FileKind::Map)).filePath(qtText(title) + ".pdf"));
+        fileName->setText(QtBridge::qtPath(std::filesystem::path(startFolder(FileKind::Map)) / (title + ".pdf")));
     if (dialog.exec() != QDialog::Accepted)
         return nullptr;
     const int copies = takeCopies(*printer);

@@ -4,8 +4,6 @@
 #include "toolkit/RecoveryCopy.h"
 
 #include <QCoreApplication>
-#include <QStandardPaths>
-#include <QStringDecoder>
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -100,53 +98,22 @@ std::string unusedName()
     return name;
 }
 
+/// The folder that the variable names, else that in the home folder.
+std::string userFolder(const char* variable, const char* inHome)
+{
+    const char* folder = std::getenv(variable);
+    if (folder && *folder == '/')
+        return folder;
+    const char* home = std::getenv("HOME");
+    return std::string(home ? home : "") + inHome;
+}
+
 bool isNoRoom(int error)
 {
     return error == ENOSPC || error == EDQUOT;
 }
 
-/// Takes a byte that is no UTF-8 to a half of a surrogate pair, which no other text has, and back.
-constexpr char16_t firstByteMark = 0xDC00;
-
 } // namespace
-
-QString QtBridge::qtPath(const std::string& path)
-{
-    QString result;
-    for (std::size_t at = 0; at < path.size();) {
-        std::size_t length = 0;
-        QString character;
-        do {
-            QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
-            ++length;
-            character = decoder.decode(QByteArrayView(path.data() + at, static_cast<qsizetype>(length)));
-            if (decoder.hasError())
-                character.clear();
-        } while (character.isEmpty() && length < 4 && at + length < path.size());
-        if (character.isEmpty()) {
-            character = QChar(static_cast<char16_t>(firstByteMark + static_cast<unsigned char>(path[at])));
-            length = 1;
-        }
-        result += character;
-        at += length;
-    }
-    return result;
-}
-
-std::string QtBridge::plainPath(const QString& path)
-{
-    std::string result;
-    for (qsizetype at = 0; at < path.size(); ++at) {
-        const char16_t unit = path[at].unicode();
-        if (path[at].isHighSurrogate() && at + 1 < path.size() && path[at + 1].isLowSurrogate())
-            result += path.mid(at++, 2).toStdString();
-        else if (unit >= firstByteMark + 0x80 && unit <= firstByteMark + 0xFF)
-            result += static_cast<char>(unit - firstByteMark);
-        else
-            result += QString(path[at]).toStdString();
-    }
-    return result;
-}
 
 std::string FolderItem::Name() const
 {
@@ -367,19 +334,12 @@ void TextOutputStream::Close()
 
 Ref<FolderItem> SpecialFolder::ApplicationData()
 {
-    return New<FolderItem>(QtBridge::plainPath(QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation)));
+    return New<FolderItem>(userFolder("XDG_DATA_HOME", "/.local/share"));
 }
 
 Ref<FolderItem> SpecialFolder::State()
 {
-    const auto variable = [](const char* name) {
-        const char* value = std::getenv(name);
-        return std::string(value ? value : "");
-    };
-    auto state = variable("XDG_STATE_HOME");
-    if (!state.starts_with('/'))
-        state = variable("HOME") + "/.local/state";
-    return New<FolderItem>(state + "/quorrin-map-maker");
+    return New<FolderItem>(userFolder("XDG_STATE_HOME", "/.local/state") + "/quorrin-map-maker");
 }
 
 Ref<FolderItem> SpecialFolder::Executable()

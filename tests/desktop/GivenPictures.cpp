@@ -1,6 +1,7 @@
 #include "Person.h"
 
 #include "characters/frmCharacter.h"
+#include "desktop/FileUrls.h"
 #include "userpicture/frmEditUserPicture.h"
 
 #include <QClipboard>
@@ -22,7 +23,7 @@ protected:
         Picture picture(20, 10, 32);
         picture.Graphics().FillRect(0, 0, 20, 10);
         png = picture.ToData(PictureFormat::Png, 100);
-        writeFile(folder / "Hero of Günz.png", png);
+        writeFile(folder / "Hero of G\xfcnz.png", png);
         writeFile(folder / "notes.txt", "no picture");
     }
 
@@ -45,8 +46,8 @@ protected:
     QMimeData* fileData(const std::string& name) const
     {
         auto* data = new QMimeData;
-        data->setUrls({QUrl::fromLocalFile(QString::fromStdString(folder / name))});
-        data->setText(QString::fromStdString(folder / name));
+        data->setUrls({urlOf(folder / name)});
+        data->setText(data->urls().constFirst().toString());
         return data;
     }
 
@@ -77,7 +78,7 @@ TEST_F(GivenPictures, BecomeTheFigureOfTheCharacter)
     token.Number = 7;
     window.btnCharacterTool.Push();
     const Editing editing([&](Window&, DesktopWindow& editor) {
-        const std::unique_ptr<QMimeData> file(fileData("Hero of Günz.png"));
+        const std::unique_ptr<QMimeData> file(fileData("Hero of G\xfcnz.png"));
         EXPECT_TRUE(drop(editor, *file));
         EXPECT_EQ(token.IconData, png);
         auto& number = *editor.findChild<QLineEdit*>();
@@ -129,7 +130,7 @@ TEST_F(GivenPictures, AreLaidOverTheDrawing)
         EXPECT_EQ(corner(), clear);
         EXPECT_FALSE(QApplication::activeModalWidget() != &view) << "nothing is said here";
 
-        QApplication::clipboard()->setMimeData(fileData("Hero of Günz.png"));
+        QApplication::clipboard()->setMimeData(fileData("Hero of G\xfcnz.png"));
         EXPECT_TRUE(canPaste());
         QTest::keyClick(&view, Qt::Key_V, Qt::ControlModifier);
         QCoreApplication::processEvents();

@@ -2,6 +2,7 @@
 
 #include "app/iniClass.h"
 #include "desktop/Dialogs.h"
+#include "desktop/Folders.h"
 #include "toolkit/QtBridge.h"
 
 #include <QAbstractButton>
@@ -11,6 +12,7 @@
 #include <QFileDialog>
 #include <QLabel>
 #include <QLineEdit>
+#include <QListView>
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QPlainTextEdit>
@@ -277,6 +279,47 @@ TEST_F(MainWindow, QuestionsAreAnsweredByEscapeAndReturn)
     EXPECT_TRUE(view.close());
     EXPECT_EQ(contentOf(folder / "Dark.'Cäve'.qrnm"), window.MapText());
     EXPECT_EQ(view.windowTitle(), "Quorrin Map Maker - Dark[*]");
+}
+
+TEST_F(MainWindow, FilesAndFoldersOfAnyBytesAreListedOpenedAndReplaced)
+{
+    // The last is a character that stands for such a byte elsewhere.
+    const std::string place = "Tr\xe9sor", name = "\xff Caf\xe9 \xee\xbb\xa9.qrnm";
+    std::filesystem::create_directory(folder / place);
+    window.pmGrid.ListIndex = 4;
+    writeFile(folder / place + "/" + name, window.MapText());
+    window.isDirty = false;
+    window.ChooseMenu("mnuNew");
+    rememberFolderOf(*folder.file("any.qrnm"));
+    Answer<QFileDialog> open([&](QFileDialog& dialog) {
+        auto& list = *dialog.findChild<QListView*>("listView");
+        for (const auto& wanted : {place, name}) {
+            QModelIndex row;
+            const auto isListed = [&] {
+                const QModelIndex first = list.model()->index(0, 0, list.rootIndex());
+                row = list.model()->match(first, Qt::DisplayRole, QtBridge::qtPath(wanted)).value(0);
+                return row.isValid();
+            };
+            EXPECT_TRUE(QTest::qWaitFor(isListed)) << wanted;
+            list.setCurrentIndex(row);
+            QTest::keyClick(&dialog, Qt::Key_Return);
+        }
+        dialog.hide();
+    });
+    person.key(Qt::Key_O, Qt::ControlModifier);
+    EXPECT_EQ(window.pmGrid.ListIndex, 4);
+    EXPECT_EQ(window.mySavedFile->Path(), folder / place + "/" + name);
+
+    window.pmGrid.ListIndex = 2;
+    std::optional<Answer<QMessageBox>> question;
+    Answer<QFileDialog> save([&](QFileDialog& dialog) {
+        question.emplace([](QMessageBox& box) { box.button(QMessageBox::Yes)->click(); });
+        QTest::keyClick(dialog.findChild<QLineEdit*>("fileNameEdit"), Qt::Key_Return);
+    });
+    person.key(Qt::Key_S, Qt::ControlModifier);
+    EXPECT_EQ(question->count, 1);
+    EXPECT_FALSE(window.isDirty);
+    EXPECT_TRUE(contentOf(folder / place + "/" + name) == window.MapText());
 }
 
 TEST_F(MainWindow, TheColourWellIsPressedByMouseAndKeyboard)
