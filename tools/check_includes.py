@@ -1,5 +1,6 @@
 #!/usr/bin/python3
-"""Refuses an include that climbs the ladder of the folders (docs/architecture.md), and Qt where it does not belong."""
+"""Refuses an include that climbs the ladder of the folders (docs/architecture.md), and Qt or the system where it does not
+belong."""
 
 import re
 import sys
@@ -18,6 +19,9 @@ FOR_EVERYONE = "app/Module1.h"
 QT_HEADER = Path("toolkit/QtBridge.h")
 QT_HEADERS = {QT_HEADER} | {Path("toolkit", name) for name in
                             ("CarriedArt.h", "LaidOutText.h", "Painting.h", "PictureDecoding.h", "PictureSource.h")}
+# Of POSIX and Windows, some of which the other has, too.
+SYSTEM = re.compile(r"sys/|(unistd|fcntl|dirent|poll|pthread|pwd|spawn|io|windows)\.h$")
+SYSTEM_FILES = re.compile(r"(Posix|Windows)\.cpp$")
 INCLUDE = re.compile(r'^\s*#\s*include\s*(["<])([^">]+)[">]', re.MULTILINE)
 
 
@@ -39,6 +43,8 @@ def faults(source):
             if bracket == "<":
                 if re.match(r"Q[A-Z]", name) and not may_name_qt(here):
                     yield f"{here} names Qt: {name}"
+                if SYSTEM.match(name) and not SYSTEM_FILES.search(path.name):
+                    yield f"{here} names the system: {name}"
             elif Path(name) in QT_HEADERS:
                 if not may_name_qt(here):
                     yield f"{here} reaches behind the toolkit: {name}"
