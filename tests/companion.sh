@@ -91,6 +91,14 @@ status 2 "$program" export -o both "$sample" "twin/$sample"
 mkdir -p "full/Quorrin Map $name.png"
 status 1 "$program" export -o full "$sample"
 [ "$(ls -A full | wc -l)" = 1 ] || fail "rests of refused work are left"
+# A set of which one cannot be put in place leaves all that was there, and nothing new.
+for kept in Color "DM Color" BW "DM BW"; do
+    rm -rf half && mkdir -p "half/Quorrin Map $name $kept.png"
+    for other in Color "DM Color" BW; do [ -e "half/Quorrin Map $name $other.png" ] || echo "$other" >"half/Quorrin Map $name $other.png"; done
+    rm -rf half-before && cp -r half half-before
+    status 1 "$program" export --set -o half "$sample"
+    diff -r half half-before || fail "half of a set was put in place"
+done
 
 # Ended by a signal, it leaves whole results or none, nothing begun and no worker.
 mkdir many && for copy in {1..120}; do ln before "many/map $copy.qrnm"; done

@@ -94,21 +94,23 @@ std::optional<MapSnapshot> Recovery::unsaved() const
 }
 
 bool Recovery::Keep() noexcept
-try {
-    auto now = unsaved();
-    if (!now) {
-        forget();
-        return false;
+{
+    try {
+        auto now = unsaved();
+        if (!now) {
+            forget();
+            return false;
+        }
+        if (kept_ && *kept_ == *now && failed_ != number_)
+            return written_ != number_;
+        kept_ = std::make_shared<const MapSnapshot>(*std::move(now));
+        isUnwanted_ = false;
+        work_.Start([this, number = ++number_, note = noteOf(window_), map = kept_] { write(number, note, *map); });
+        return true;
+    } catch (const std::exception&) {
+        failed_ = number_;
+        return true;
     }
-    if (kept_ && *kept_ == *now && failed_ != number_)
-        return written_ != number_;
-    kept_ = std::make_shared<const MapSnapshot>(*std::move(now));
-    isUnwanted_ = false;
-    work_.Start([this, number = ++number_, note = noteOf(window_), map = kept_] { write(number, note, *map); });
-    return true;
-} catch (const std::exception&) {
-    failed_ = number_;
-    return true;
 }
 
 void Recovery::KeepAtOnce() noexcept
@@ -136,21 +138,23 @@ void Recovery::forget()
 
 /// Runs in the other thread.
 void Recovery::write(unsigned number, const RecoveryCopy::Note& note, const MapSnapshot& map) noexcept
-try {
-    if (!copy_)
-        copy_ = RecoveryCopy::Create();
-    copy_->Write(note, [&](const RecoveryCopy::Sink& take) {
-        map.Write([&](std::string_view piece) {
-            if (isUnwanted_)
-                throw Unwanted();
-            take(piece);
+{
+    try {
+        if (!copy_)
+            copy_ = RecoveryCopy::Create();
+        copy_->Write(note, [&](const RecoveryCopy::Sink& take) {
+            map.Write([&](std::string_view piece) {
+                if (isUnwanted_)
+                    throw Unwanted();
+                take(piece);
+            });
         });
-    });
-    written_ = number;
-} catch (const std::exception&) {
-    if (copy_ && !std::filesystem::exists(copy_->Path()))
-        copy_ = nullptr;
-    failed_ = number;
+        written_ = number;
+    } catch (const std::exception&) {
+        if (copy_ && !std::filesystem::exists(copy_->Path()))
+            copy_ = nullptr;
+        failed_ = number;
+    }
 }
 
 void Recovery::OfferAbandoned()
@@ -175,27 +179,29 @@ void Recovery::OfferAbandoned()
 
 /// Opens the map of a copy, which is the copy of this map from now on. False when it cannot be opened.
 bool Recovery::recover(std::unique_ptr<RecoveryCopy>& abandoned)
-try {
-    const auto text = abandoned->Text();
-    window_.Initialize();
-    if (!window_.ReadMapText(text))
-        throw IOException("no map");
-    const auto& file = abandoned->About().File;
-    window_.SetSavedFileName(file.empty() ? nullptr : New<FolderItem>(file));
-    window_.RenderMap(true);
-    window_.Canvas1.Invalidate(true);
-    forget();
-    work_.Wait();
-    copy_ = std::move(abandoned);
-    kept_ = std::make_shared<const MapSnapshot>(window_.Snapshot(window_.UserPicture));
-    written_ = ++number_;
-    window_.isDirty = true;
-    return true;
-} catch (const std::exception&) {
-    abandoned->SetAside();
-    MsgBox("The copy of " + titleOf(abandoned->About()) + " is damaged and cannot be opened. It stays in the folder \""
-           + abandoned->Path() + "\".");
-    return false;
+{
+    try {
+        const auto text = abandoned->Text();
+        window_.Initialize();
+        if (!window_.ReadMapText(text))
+            throw IOException("no map");
+        const auto& file = abandoned->About().File;
+        window_.SetSavedFileName(file.empty() ? nullptr : New<FolderItem>(file));
+        window_.RenderMap(true);
+        window_.Canvas1.Invalidate(true);
+        forget();
+        work_.Wait();
+        copy_ = std::move(abandoned);
+        kept_ = std::make_shared<const MapSnapshot>(window_.Snapshot(window_.UserPicture));
+        written_ = ++number_;
+        window_.isDirty = true;
+        return true;
+    } catch (const std::exception&) {
+        abandoned->SetAside();
+        MsgBox("The copy of " + titleOf(abandoned->About()) + " is damaged and cannot be opened. It stays in the folder \""
+               + abandoned->Path() + "\".");
+        return false;
+    }
 }
 
 } // namespace quorrin

@@ -11,11 +11,11 @@
 #include "output/UniversalVtt.h"
 #include "toolkit/Printing.h"
 #include "toolkit/ScriptedPlatform.h"
-
-#include <unistd.h>
+#include "toolkit/SystemFiles.h"
 
 #include <filesystem>
 #include <functional>
+#include <random>
 #include <stdexcept>
 
 namespace quorrin {
@@ -24,11 +24,8 @@ namespace fs = std::filesystem;
 
 namespace {
 
-/// How the names of the folders begin in which a worker makes its results.
-std::string stagingPrefix(pid_t worker)
-{
-    return ".quorrin-map-" + std::to_string(worker) + "-";
-}
+/// How the names of the folders begin in which the workers of this run make their results. They inherit it.
+const std::string stagingPrefix = ".quorrin-map-" + std::to_string(std::random_device()()) + "-";
 
 /// A folder beside the results in which they are made, so that they come into place whole and together.
 class Staging {
@@ -36,10 +33,10 @@ public:
     explicit Staging(fs::path target) : target_(std::move(target))
     {
         fs::create_directories(target_);
-        std::string pattern = (target_ / (stagingPrefix(getpid()) + "XXXXXX")).string();
-        if (!mkdtemp(pattern.data()))
+        std::error_code error;
+        folder_ = makeUnusedPrivateFolder((target_ / stagingPrefix).string(), error);
+        if (error)
             throw std::runtime_error("The folder \"" + target_.string() + "\" cannot be written to.");
-        folder_ = pattern;
     }
     ~Staging()
     {
@@ -51,17 +48,49 @@ public:
 
     Ref<FolderItem> file(const std::string& name) const { return New<FolderItem>((folder_ / name).string()); }
 
+    /// All of them, or none and everything as it was.
     void publish(const std::vector<std::string>& names) const
     {
-        for (const auto& name : names)
-            if (fs::is_directory(target_ / name))
-                throw std::runtime_error("\"" + (target_ / name).string() + "\" is a folder.");
         const std::lock_guard lock(publishing);
-        for (const auto& name : names)
-            fs::rename(folder_ / name, target_ / name);
+        std::size_t published = 0;
+        try {
+            for (; published < names.size(); ++published) {
+                const auto place = target_ / names[published];
+                if (fs::is_directory(place))
+                    throw std::runtime_error("\"" + place.string() + "\" is a folder.");
+                if (published + 1 < names.size() && fs::exists(fs::symlink_status(place)))
+                    keep(place, earlier(published));
+                fs::rename(folder_ / names[published], place);
+            }
+        } catch (const std::exception&) {
+            for (std::size_t i = 0; i <= published; ++i)
+                putBack(target_ / names[i], earlier(i), i < published);
+            throw;
+        }
     }
 
 private:
+    /// Where the file is kept whose place the result of that number takes.
+    fs::path earlier(std::size_t number) const { return folder_ / std::to_string(number); }
+
+    /// Under a second name, so that there is no moment without the file; or elsewhere, where files have one name only.
+    static void keep(const fs::path& place, const fs::path& earlier)
+    {
+        std::error_code failure;
+        fs::create_hard_link(place, earlier, failure);
+        if (failure)
+            fs::rename(place, earlier);
+    }
+
+    static void putBack(const fs::path& place, const fs::path& earlier, bool isTaken)
+    {
+        std::error_code ignored;
+        if (fs::exists(fs::symlink_status(earlier, ignored)))
+            fs::rename(earlier, place, ignored);
+        else if (isTaken)
+            fs::remove(place, ignored);
+    }
+
     fs::path target_;
     fs::path folder_;
 };
@@ -250,13 +279,13 @@ std::string runJob(const Request& request, const std::string& map)
     return window.UnreadPictures;
 }
 
-void removeBegun(const Request& request, pid_t worker)
+void removeBegun(const Request& request)
 {
     std::error_code failure;
     std::vector<fs::path> begun;
     for (fs::directory_iterator entry(targetFolder(request), failure), end; !failure && entry != end;
          entry.increment(failure))
-        if (entry->path().filename().string().starts_with(stagingPrefix(worker)))
+        if (entry->path().filename().string().starts_with(stagingPrefix))
             begun.push_back(entry->path());
     for (const auto& folder : begun)
         fs::remove_all(folder, failure);

@@ -2,8 +2,6 @@
 
 #include "batch/CommandLine.h"
 
-#include <sys/types.h>
-
 #include <filesystem>
 #include <mutex>
 #include <string>
@@ -25,7 +23,7 @@ std::string runJob(const Request& request, const std::string& map);
 /// Held while the results of a map come into place, which takes a moment and must not be broken off.
 extern std::mutex publishing;
 
-/// Removes what that worker had begun when it was ended.
-void removeBegun(const Request& request, pid_t worker);
+/// Removes what the workers of this run had begun when they were ended.
+void removeBegun(const Request& request);
 
 } // namespace quorrin

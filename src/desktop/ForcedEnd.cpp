@@ -1,6 +1,7 @@
 #include "desktop/ForcedEnd.h"
 
 #include "app/Recovery.h"
+#include "desktop/EndingSignals.h"
 #include "desktop/LastResort.h"
 #include "document/Window1.h"
 
@@ -10,10 +11,6 @@
 #include <QThread>
 #include <QWidget>
 
-#include <fcntl.h>
-#include <unistd.h>
-
-#include <csignal>
 #include <cstdlib>
 #include <memory>
 
@@ -23,7 +20,6 @@ namespace {
 
 Recovery* theRecovery = nullptr;
 QtMessageHandler handlerBefore = nullptr;
-int signalPipe[2] = {-1, -1};
 
 void keepHere()
 {
@@ -50,13 +46,6 @@ void keepAtOnce()
     kept->tryAcquire(1, longest);
 }
 
-/// A handler may do hardly anything; the rest waits for the event loop. The next signal of the kind ends the program at
-/// once.
-void tellSignal(int number)
-{
-    static_cast<void>(!write(signalPipe[1], &number, sizeof number));
-}
-
 /// Qt ends the process at once when the Wayland compositor goes, and this is all that it says before.
 void keepWhenWaylandGoes(QtMsgType type, const QMessageLogContext& context, const QString& message)
 {
@@ -71,7 +60,7 @@ ForcedEnd::ForcedEnd(Window1& window, const QWidget& view, Recovery& recovery)
     : window_(window), view_(view), recovery_(recovery)
 {
     theRecovery = &recovery;
-    watchSignals();
+    beforeEndingSignals(*this, [this] { recovery_.KeepAtOnce(); });
     // That is how Qt ends when the X server goes.
     std::atexit(keepAtOnce);
     handlerBefore = qInstallMessageHandler(keepWhenWaylandGoes);
@@ -88,32 +77,6 @@ ForcedEnd::~ForcedEnd()
 {
     qInstallMessageHandler(handlerBefore);
     theRecovery = nullptr;
-}
-
-void ForcedEnd::watchSignals()
-{
-    if (pipe2(signalPipe, O_CLOEXEC) != 0)
-        return;
-    signals_.emplace(signalPipe[0], QSocketNotifier::Read);
-    connect(&*signals_, &QSocketNotifier::activated, this, &ForcedEnd::endBySignal);
-    for (const int number : {SIGTERM, SIGHUP, SIGINT}) {
-        struct sigaction before {};
-        struct sigaction ours {};
-        ours.sa_handler = tellSignal;
-        ours.sa_flags = SA_RESETHAND | SA_RESTART;
-        // Whoever started the program may have had it ignore some.
-        if (sigaction(number, nullptr, &before) == 0 && before.sa_handler != SIG_IGN)
-            sigaction(number, &ours, nullptr);
-    }
-}
-
-void ForcedEnd::endBySignal()
-{
-    int number = 0;
-    if (read(signalPipe[0], &number, sizeof number) != sizeof number)
-        return;
-    recovery_.KeepAtOnce();
-    std::raise(number);
 }
 
 /// Asks as if the window closed. Without leave to ask, or while something is being edited, the copy has to do.

@@ -1,9 +1,6 @@
 #pragma once
 
 #include <QObject>
-#include <QSocketNotifier>
-
-#include <optional>
 
 class QSessionManager;
 class QWidget;
@@ -24,14 +21,11 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    void watchSignals();
-    void endBySignal();
     void answer(QSessionManager& manager);
 
     Window1& window_;
     const QWidget& view_;
     Recovery& recovery_;
-    std::optional<QSocketNotifier> signals_;
 };
 
 } // namespace quorrin

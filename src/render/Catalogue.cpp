@@ -38,7 +38,7 @@ constexpr CatalogueRow rows[] = {
     /*  13 */ ONE("Castle 1 B/W", Buildings, Castle1BW),
     /*  14 */ ART("Castle 2", Buildings, Castle2Color, Castle2ColorMask, Castle2BW, WhiteCoversInBW),
     /*  15 */ ART("Castle 3", Buildings, Castle3Color, Castle3ColorMask, Castle3BW, WhiteCoversInBW),
-    /*  16 */ ART("Green Cobblestone", Terrain, CobbleStoneColor2, TerrainColorMask, CobbleStoneBW2, SolidKeepsWhite),
+    /*  16 */ ART("Green Cobblestone", Terrain, CobbleStoneColor2, TerrainColorMask, CobbleStoneBW2),
     /*  17 */ BASE("Grass Terrain", Terrain, GrassObject),
     /*  18 */ BASE("Pine Trees", Plants, PineTrees),
     /*  19 */ BASE("Stump", Plants, Stump),

@@ -15,8 +15,6 @@ enum class Departure {
     None,
     /// The black and white picture is drawn with its white, which covers what lies below.
     WhiteCoversInBW,
-    /// In solid mode only the mask goes; `Transparent` stays as it was.
-    SolidKeepsWhite,
     /// One picture, drawn as it is in every mode.
     Plain,
     /// No picture: black lines that grow towards the side of the name.

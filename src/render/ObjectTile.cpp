@@ -21,8 +21,7 @@ const Ref<Picture>& artInMode(const CatalogueRow& row, std::int64_t mode)
         return row.color();
     case solidColor:
         row.color()->Mask = nullptr;
-        if (row.departure != Departure::SolidKeepsWhite)
-            row.color()->Transparent = 1;
+        row.color()->Transparent = 1;
         return row.color();
     case blackAndWhite:
         if (row.departure != Departure::WhiteCoversInBW)

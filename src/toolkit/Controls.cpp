@@ -7,20 +7,18 @@
 namespace quorrin {
 
 Control::Control(ControlKind kind, const Place& place, const Frame& frame, std::string caption)
-    : Kind(kind), place(place), Caption(std::move(caption), [this](const auto&) { sync()(); }),
-      Enabled(true, [this](const auto&) { sync()(); }), Visible(true, [this](const auto&) { sync()(); }),
-      Width(frame.Width, [this](const auto&) { sync()(); }), Height(frame.Height, [this](const auto&) { sync()(); }),
+    : Kind(kind), place(place), Caption(std::move(caption), [this](const auto&) { sync(); }),
+      Enabled(true, [this](const auto&) { sync(); }), Visible(true, [this](const auto&) { sync(); }),
+      Width(frame.Width, [this](const auto&) { sync(); }), Height(frame.Height, [this](const auto&) { sync(); }),
       frame_(frame)
 {
     place.window->Controls.push_back(this);
 }
 
-std::function<void()> Control::sync()
+void Control::sync()
 {
-    return [this] {
-        if (View)
-            View->Sync();
-    };
+    if (View)
+        View->Sync();
 }
 
 void Control::SetFocus()
@@ -48,7 +46,7 @@ void PushButton::Push()
 
 std::function<void(const bool&)> BevelButton::changed()
 {
-    return [this](const bool&) { sync()(); };
+    return [this](const bool&) { sync(); };
 }
 
 void BevelButton::Push()
@@ -66,7 +64,7 @@ void BevelButton::Push()
 std::function<void(const bool&)> CheckBox::changed(std::function<void()> action)
 {
     return [this, action = std::move(action)](const bool& before) {
-        sync()();
+        sync();
         if (Value != before)
             action();
     };
@@ -76,7 +74,7 @@ PopupMenu::PopupMenu(const Place& place, const Frame& frame, std::vector<std::st
                      std::function<void()> change)
     : Control(ControlKind::PopupMenu, place, frame, {}), ListIndex(0,
                                                                    [this, change = std::move(change)](const auto&) {
-                                                                       sync()();
+                                                                       sync();
                                                                        if (change)
                                                                            change();
                                                                    }),
@@ -97,12 +95,12 @@ const std::string& PopupMenu::List(std::int64_t row) const
 
 std::function<void(const std::int64_t&)> ListBox::changed()
 {
-    return [this](const auto&) { sync()(); };
+    return [this](const auto&) { sync(); };
 }
 
 TextControl::TextControl(ControlKind kind, const Place& place, const Frame& frame, std::function<void()> textChange)
     : Control(kind, place, frame, {}), Text({}, [this, textChange = std::move(textChange)](const std::string& before) {
-          sync()();
+          sync();
           if (Text.get() != before)
               textChange();
       })
@@ -111,7 +109,7 @@ TextControl::TextControl(ControlKind kind, const Place& place, const Frame& fram
 TabPanel::TabPanel(const Place& place, const Frame& frame, std::vector<std::string> tabs, std::function<void()> change)
     : Control(ControlKind::TabPanel, place, frame, {}), Tabs(std::move(tabs)),
       Value(0, [this, change = std::move(change)](const int& before) {
-          sync()();
+          sync();
           if (change && Value != before)
               change();
       })
@@ -123,7 +121,7 @@ TabPanel::TabPanel(const Place& place, const Frame& frame, std::vector<std::stri
 }
 
 PagePanel::PagePanel(const Place& place, const Frame& frame, int pages)
-    : Control(ControlKind::PagePanel, place, frame, {}), Pages(pages), Value(0, [this](const auto&) { sync()(); })
+    : Control(ControlKind::PagePanel, place, frame, {}), Pages(pages), Value(0, [this](const auto&) { sync(); })
 {
     Value.check = [this](int page) {
         if (page < 0 || page >= Pages)
@@ -168,7 +166,7 @@ Rectangle::Rectangle(const Place& place, const Frame& frame, Color fill)
 std::function<void(const Color&)> Rectangle::changed()
 {
     return [this](const Color&) {
-        sync()();
+        sync();
         Invalidate(true);
     };
 }

@@ -98,7 +98,7 @@ protected:
     {
         return [window = place.window, method] { (static_cast<W*>(window)->*method)(); };
     }
-    std::function<void()> sync();
+    void sync();
 
 private:
     Frame frame_;

@@ -2,23 +2,17 @@
 
 #include "toolkit/QtBridge.h"
 #include "toolkit/RecoveryCopy.h"
+#include "toolkit/SystemFiles.h"
 
 #include <QCoreApplication>
 
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
-
-#include <algorithm>
-#include <cerrno>
 #include <cstdio>
-#include <cstdlib>
 #include <ctime>
 #include <filesystem>
 #include <random>
 #include <system_error>
 
-// Paths are bytes, and not all of them are UTF-8; so files are worked on by the system's own calls.
+// Paths are bytes, and not all of them are UTF-8; so files are worked on without Qt.
 
 namespace quorrin {
 
@@ -27,48 +21,7 @@ namespace fs = std::filesystem;
 namespace {
 
 /// Beyond anything that the program reads; a larger file would only take the memory away.
-constexpr off_t largestFile = 256 << 20;
-
-std::string textOf(int error)
-{
-    return std::generic_category().message(error);
-}
-
-/// An open file of the system.
-class Handle {
-public:
-    Handle() = default;
-    Handle(const std::string& path, int flags, mode_t mode = 0) : number_(open(path.c_str(), flags | O_CLOEXEC, mode))
-    {}
-    Handle(Handle&& other) noexcept : number_(std::exchange(other.number_, -1)) {}
-    Handle& operator=(Handle&& other) noexcept
-    {
-        std::swap(number_, other.number_);
-        return *this;
-    }
-    ~Handle()
-    {
-        if (number_ >= 0)
-            close(number_);
-    }
-    bool isOpen() const { return number_ >= 0; }
-    int number() const { return number_; }
-
-private:
-    int number_ = -1;
-};
-
-/// False, and errno says why, when not all could be written.
-bool writeAll(const Handle& file, std::string_view bytes)
-{
-    while (!bytes.empty()) {
-        const auto written = write(file.number(), bytes.data(), bytes.size());
-        if (written < 0 && errno != EINTR)
-            return false;
-        bytes.remove_prefix(static_cast<std::size_t>(std::max<ssize_t>(written, 0)));
-    }
-    return true;
-}
+constexpr std::uintmax_t largestFile = 256 << 20;
 
 bool isFolder(const std::string& path)
 {
@@ -98,21 +51,6 @@ std::string unusedName()
     return name;
 }
 
-/// The folder that the variable names, else that in the home folder.
-std::string userFolder(const char* variable, const char* inHome)
-{
-    const char* folder = std::getenv(variable);
-    if (folder && *folder == '/')
-        return folder;
-    const char* home = std::getenv("HOME");
-    return std::string(home ? home : "") + inHome;
-}
-
-bool isNoRoom(int error)
-{
-    return error == ENOSPC || error == EDQUOT;
-}
-
 } // namespace
 
 std::string FolderItem::Name() const
@@ -138,8 +76,8 @@ void FolderItem::CreateAsFolder() const
 }
 
 struct TextInputStream::Impl {
-    Handle file;
-    std::size_t size;
+    SystemFile file;
+    std::uintmax_t size;
 };
 
 TextInputStream::TextInputStream(std::unique_ptr<Impl> impl) : impl_(std::move(impl))
@@ -149,40 +87,36 @@ TextInputStream::~TextInputStream() = default;
 
 Ref<TextInputStream> TextInputStream::Open(const Ref<FolderItem>& file)
 {
-    struct stat state {};
-    if (!file || stat(file->Path().c_str(), &state) != 0 || !S_ISREG(state.st_mode))
+    std::error_code error;
+    if (!file || !fs::is_regular_file(file->Path(), error))
         return nullptr;
-    if (state.st_size > largestFile)
+    const auto size = fs::file_size(file->Path(), error);
+    if (error)
+        return nullptr;
+    if (size > largestFile)
         throw IOException("The file is too large.");
-    Handle handle(file->Path(), O_RDONLY);
-    if (!handle.isOpen())
+    SystemFile opened(file->Path(), SystemFile::Opening::ToRead, error);
+    if (!opened.IsOpen())
         return nullptr;
-    return New<TextInputStream>(
-        std::make_unique<Impl>(Impl{std::move(handle), static_cast<std::size_t>(state.st_size)}));
+    return New<TextInputStream>(std::make_unique<Impl>(Impl{std::move(opened), size}));
 }
 
 std::string TextInputStream::ReadAll()
 {
     std::string bytes(impl_->size, '\0');
-    std::size_t length = 0;
-    while (length < bytes.size()) {
-        const auto got = read(impl_->file.number(), bytes.data() + length, bytes.size() - length);
-        if (got == 0)
-            break;
-        if (got < 0 && errno != EINTR)
-            throw IOException("The file cannot be read: " + textOf(errno));
-        length += static_cast<std::size_t>(std::max<ssize_t>(got, 0));
-    }
-    bytes.resize(length);
+    if (const auto error = impl_->file.Read(bytes))
+        throw IOException("The file cannot be read: " + error.message());
     return bytes;
 }
 
 std::optional<std::string> readFile(const Ref<FolderItem>& file)
-try {
-    const auto stream = TextInputStream::Open(file);
-    return stream ? std::optional(stream->ReadAll()) : std::nullopt;
-} catch (const IOException&) {
-    return {};
+{
+    try {
+        const auto stream = TextInputStream::Open(file);
+        return stream ? std::optional(stream->ReadAll()) : std::nullopt;
+    } catch (const IOException&) {
+        return {};
+    }
 }
 
 struct TextOutputStream::Impl {
@@ -190,18 +124,19 @@ struct TextOutputStream::Impl {
     std::string path;
     /// The file beside it that takes its place; empty when it is written in place.
     std::string part;
-    Handle file;
+    SystemFile file;
     std::string content;
 
     ~Impl()
     {
+        std::error_code ignored;
         if (!part.empty())
-            unlink(part.c_str());
+            fs::remove(part, ignored);
     }
 
-    [[noreturn]] void fail(int error, const std::string& more = {}) const
+    [[noreturn]] void fail(std::error_code error, const std::string& more = {}) const
     {
-        throw IOException("The file \"" + FolderItem(path).Name() + "\" cannot be written: " + textOf(error) + more);
+        throw IOException("The file \"" + FolderItem(path).Name() + "\" cannot be written: " + error.message() + more);
     }
 
     bool open(std::string& obstacle);
@@ -214,25 +149,26 @@ bool TextOutputStream::Impl::open(std::string& obstacle)
 {
     const auto name = FolderItem(path).Name();
     const auto folder = folderOf(path);
-    struct stat state {};
-    const bool exists = stat(path.c_str(), &state) == 0;
+    std::error_code error;
+    const auto status = fs::status(path, error);
+    const bool exists = fs::exists(status);
     if (!isFolder(folder)) {
         obstacle = "There is no folder \"" + folder + "\".";
-    } else if (exists && !S_ISREG(state.st_mode)) {
+    } else if (exists && !fs::is_regular_file(status)) {
         obstacle = "\"" + name + "\" is not a file that can be replaced.";
-    } else if (exists && access(path.c_str(), W_OK) != 0) {
-        obstacle = "The file \"" + name + "\" cannot be replaced: " + textOf(errno);
+    } else if (const auto refusal = exists ? obstacleToWriting(path) : std::error_code()) {
+        obstacle = "The file \"" + name + "\" cannot be replaced: " + refusal.message();
     } else {
         part = folder + "/" + unusedName();
-        file = Handle(part, O_WRONLY | O_CREAT | O_EXCL, 0666);
-        if (file.isOpen())
+        file = SystemFile(part, SystemFile::Opening::AsNew, error);
+        if (file.IsOpen())
             return true;
         part.clear();
-        if (isNoRoom(errno))
-            fail(errno);
+        if (isNoRoom(error))
+            fail(error);
         if (exists)
             return true;
-        obstacle = "The folder \"" + folder + "\" cannot be written to: " + textOf(errno);
+        obstacle = "The folder \"" + folder + "\" cannot be written to: " + error.message();
     }
     return false;
 }
@@ -240,26 +176,25 @@ bool TextOutputStream::Impl::open(std::string& obstacle)
 /// False when the folder lets no other file take this one's place.
 bool TextOutputStream::Impl::replace()
 {
+    if (const auto error = file.Write(content))
+        fail(error);
     // Closing alone does not notice that the disk took only a part.
-    if (!writeAll(file, content) || fsync(file.number()) != 0)
-        fail(errno);
-    struct stat old {};
-    const bool exists = stat(path.c_str(), &old) == 0;
-    if (exists) {
-        // Only the administrator can leave a file to somebody else.
-        if (fchown(file.number(), old.st_uid, old.st_gid) != 0)
-            errno = 0;
-        fchmod(file.number(), old.st_mode & 07777);
-    }
-    if (rename(part.c_str(), path.c_str()) != 0) {
-        if (exists && (errno == EACCES || errno == EPERM || errno == EBUSY))
+    if (const auto error = file.Sync())
+        fail(error);
+    std::error_code error;
+    const bool exists = fs::exists(path, error);
+    if (exists)
+        file.TakeOwnerAndPermissionsOf(path);
+    fs::rename(part, path, error);
+    if (error) {
+        if (exists
+            && (error == std::errc::permission_denied || error == std::errc::operation_not_permitted
+                || error == std::errc::device_or_resource_busy))
             return false;
-        fail(errno);
+        fail(error);
     }
     part.clear();
-    const Handle folder(folderOf(path), O_RDONLY | O_DIRECTORY);
-    if (folder.isOpen())
-        fsync(folder.number());
+    syncFolder(folderOf(path));
     return true;
 }
 
@@ -279,23 +214,29 @@ std::unique_ptr<RecoveryCopy> TextOutputStream::Impl::recoveryCopy() const
 void TextOutputStream::Impl::writeInPlace() const
 {
     const auto copy = recoveryCopy();
-    const auto size = static_cast<off_t>(content.size());
-    const Handle target(path, O_WRONLY);
-    struct stat old {};
-    if (!target.isOpen() || fstat(target.number(), &old) != 0) {
-        const int error = errno;
+    const auto failWithoutCopy = [&](std::error_code error) {
         copy->Remove();
         fail(error);
-    }
+    };
+    std::error_code error;
+    const SystemFile target(path, SystemFile::Opening::ToWrite, error);
+    const auto oldSize = error ? 0 : fs::file_size(path, error);
+    if (error)
+        failWithoutCopy(error);
     // Room is made first, so that a full disk leaves the old content whole.
-    if (const int error = size > old.st_size ? posix_fallocate(target.number(), 0, size) : 0;
-        isNoRoom(error) || error == EFBIG) {
-        static_cast<void>(!ftruncate(target.number(), old.st_size));
-        copy->Remove();
-        fail(error);
+    if (content.size() > oldSize)
+        error = target.MakeRoom(content.size());
+    if (isNoRoom(error) || error == std::errc::file_too_large) {
+        target.SetSize(oldSize);
+        failWithoutCopy(error);
     }
-    if (!writeAll(target, content) || ftruncate(target.number(), size) != 0 || fsync(target.number()) != 0)
-        fail(errno, ". A whole copy is kept in \"" + copy->Path() + "\".");
+    error = target.Write(content);
+    if (!error)
+        error = target.SetSize(content.size());
+    if (!error)
+        error = target.Sync();
+    if (error)
+        fail(error, ". A whole copy is kept in \"" + copy->Path() + "\".");
     copy->Remove();
 }
 
@@ -334,12 +275,12 @@ void TextOutputStream::Close()
 
 Ref<FolderItem> SpecialFolder::ApplicationData()
 {
-    return New<FolderItem>(userFolder("XDG_DATA_HOME", "/.local/share"));
+    return New<FolderItem>(userDataFolder());
 }
 
 Ref<FolderItem> SpecialFolder::State()
 {
-    return New<FolderItem>(userFolder("XDG_STATE_HOME", "/.local/state") + "/quorrin-map-maker");
+    return New<FolderItem>(userStateFolder() + "/quorrin-map-maker");
 }
 
 Ref<FolderItem> SpecialFolder::Executable()

@@ -23,10 +23,12 @@ inline std::int64_t Int(double number)
 /// a + b, stopped at the ends of the range instead of running over.
 inline std::int64_t addSaturated(std::int64_t a, std::int64_t b)
 {
-    std::int64_t sum = 0;
-    if (!__builtin_add_overflow(a, b, &sum))
-        return sum;
-    return b > 0 ? std::numeric_limits<std::int64_t>::max() : std::numeric_limits<std::int64_t>::min();
+    using Range = std::numeric_limits<std::int64_t>;
+    if (b > 0 && a > Range::max() - b)
+        return Range::max();
+    if (b < 0 && a < Range::min() - b)
+        return Range::min();
+    return a + b;
 }
 
 } // namespace quorrin

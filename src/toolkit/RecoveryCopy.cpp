@@ -6,22 +6,15 @@
 
 #include <libdeflate.h>
 
-#include <fcntl.h>
-#include <sys/file.h>
-#include <sys/stat.h>
-#include <unistd.h>
-
 #include <algorithm>
-#include <cerrno>
-#include <cstdio>
+#include <chrono>
 #include <cstdlib>
-#include <cstring>
 #include <filesystem>
 
 // The folder of a copy holds a lock, the text in one of two files by turns, and a note that says which of them and what
 // it must be. The note comes last and is replaced as a whole, so it never tells of a text that is not all there.
 //
-// This rests on the system alone: a copy may have to be written when the process is already on its way out.
+// This rests on system and standard library alone: a copy may have to be written when the process is on its way out.
 
 namespace quorrin {
 
@@ -39,9 +32,30 @@ constexpr auto asideMark = ".damaged";
 const std::string fieldEnd("\0\n", 2);
 enum NoteField { NameField, FileField, TimeField, TextField, BytesField, SumField, noteFields };
 
-[[noreturn]] void fail(const std::string& path)
+void failIf(std::error_code error, const std::string& path)
 {
-    throw IOException("\"" + path + "\": " + std::strerror(errno));
+    if (error)
+        throw IOException("\"" + path + "\": " + error.message());
+}
+
+bool exists(const std::string& path)
+{
+    std::error_code ignored;
+    return fs::exists(path, ignored);
+}
+
+void removeFile(const std::string& path)
+{
+    std::error_code ignored;
+    fs::remove(path, ignored);
+}
+
+/// Leaves a folder that holds something as it is, and whatever is no folder.
+void removeEmptyFolder(const std::string& path)
+{
+    std::error_code ignored;
+    if (fs::is_directory(fs::symlink_status(path, ignored)))
+        fs::remove(path, ignored);
 }
 
 /// A file that is there as a whole or not at all.
@@ -49,77 +63,53 @@ class WholeFile {
 public:
     explicit WholeFile(std::string path) : path_(std::move(path)), part_(path_ + unfinished)
     {
-        handle_ = open(part_.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC | O_NOFOLLOW, 0600);
-        if (handle_ < 0)
-            fail(part_);
+        std::error_code error;
+        file_ = SystemFile(part_, SystemFile::Opening::AsPrivate, error);
+        failIf(error, part_);
     }
     ~WholeFile()
     {
-        if (handle_ < 0)
-            return;
-        close(handle_);
-        unlink(part_.c_str());
+        if (!isFinished_)
+            removeFile(part_);
     }
     WholeFile(const WholeFile&) = delete;
     WholeFile& operator=(const WholeFile&) = delete;
 
-    void Write(std::string_view bytes) const
-    {
-        while (!bytes.empty()) {
-            const auto written = write(handle_, bytes.data(), bytes.size());
-            if (written < 0 && errno != EINTR)
-                fail(part_);
-            bytes.remove_prefix(static_cast<std::size_t>(std::max<ssize_t>(written, 0)));
-        }
-    }
+    void Write(std::string_view bytes) const { failIf(file_.Write(bytes), part_); }
     void Finish()
     {
-        if (fsync(handle_) != 0 || rename(part_.c_str(), path_.c_str()) != 0)
-            fail(path_);
-        close(handle_);
-        handle_ = -1;
+        failIf(file_.Sync(), path_);
+        std::error_code error;
+        fs::rename(part_, path_, error);
+        failIf(error, path_);
+        isFinished_ = true;
     }
 
 private:
     std::string path_;
     std::string part_;
-    int handle_;
+    SystemFile file_;
+    bool isFinished_ = false;
 };
-
-/// Makes what has been renamed in the folder outlast a loss of power. Some file systems know no such thing.
-void syncFolder(const std::string& path)
-{
-    const int folder = open(path.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    if (folder < 0)
-        return;
-    fsync(folder);
-    close(folder);
-}
 
 void makePrivateFolders(const fs::path& path)
 {
-    if (mkdir(path.c_str(), 0700) == 0 || errno != ENOENT || !path.has_relative_path())
+    const auto error = makePrivateFolder(path.string());
+    if (error != std::errc::no_such_file_or_directory || !path.has_relative_path())
         return;
     makePrivateFolders(path.parent_path());
-    mkdir(path.c_str(), 0700);
+    makePrivateFolder(path.string());
 }
 
-/// A handle with the lock on it, or -1. Network file systems lock only what is open for writing.
-int lockedHandle(const std::string& path, int flags)
+/// In seconds since 1970, or 0 when it is not known.
+std::int64_t timeOfChange(const std::string& path)
 {
-    int handle = open(path.c_str(), O_RDWR | O_CLOEXEC | O_NOFOLLOW | flags, 0600);
-    if (handle < 0 && (errno == EACCES || errno == EROFS))
-        handle = open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW);
-    if (handle >= 0 && flock(handle, LOCK_EX | LOCK_NB) != 0) {
-        close(handle);
-        handle = -1;
-    }
-    return handle;
-}
-
-bool exists(const std::string& path)
-{
-    return access(path.c_str(), F_OK) == 0;
+    std::error_code unknown;
+    const auto time = fs::last_write_time(path, unknown);
+    if (unknown)
+        return 0;
+    const auto sinceEpoch = std::chrono::file_clock::to_sys(time).time_since_epoch();
+    return std::chrono::floor<std::chrono::seconds>(sinceEpoch).count();
 }
 
 std::uint64_t number(const std::string& text)
@@ -134,28 +124,20 @@ std::string RecoveryCopy::Folder()
     return SpecialFolder::State()->Child("recovery")->Path();
 }
 
-RecoveryCopy::RecoveryCopy(std::string path, int lock) : path_(std::move(path)), lock_(lock)
+RecoveryCopy::RecoveryCopy(std::string path, SystemFile lock) : path_(std::move(path)), lock_(std::move(lock))
 {}
-
-RecoveryCopy::~RecoveryCopy()
-{
-    close(lock_);
-}
 
 std::unique_ptr<RecoveryCopy> RecoveryCopy::Create()
 {
     makePrivateFolders(Folder());
-    auto path = Folder() + "/XXXXXX";
-    if (!mkdtemp(path.data()))
-        fail(path);
-    const int lock = lockedHandle(path + "/" + lockName, O_CREAT | O_EXCL);
-    if (lock < 0) {
-        const int reason = errno;
-        rmdir(path.c_str());
-        errno = reason;
-        fail(path);
-    }
-    return std::unique_ptr<RecoveryCopy>(new RecoveryCopy(std::move(path), lock));
+    std::error_code error;
+    auto path = makeUnusedPrivateFolder(Folder() + "/", error);
+    failIf(error, path);
+    auto lock = SystemFile::Locked(path + "/" + lockName, true, error);
+    if (error)
+        removeEmptyFolder(path);
+    failIf(error, path);
+    return std::unique_ptr<RecoveryCopy>(new RecoveryCopy(std::move(path), std::move(lock)));
 }
 
 std::vector<std::unique_ptr<RecoveryCopy>> RecoveryCopy::Abandoned()
@@ -166,12 +148,13 @@ std::vector<std::unique_ptr<RecoveryCopy>> RecoveryCopy::Abandoned()
         auto path = entry->path().string();
         if (path.ends_with(asideMark))
             continue;
-        const int lock = lockedHandle(path + "/" + lockName, 0);
-        if (lock < 0) {
-            rmdir(path.c_str()); // goes only where a program ended before it had a lock
+        std::error_code refusal;
+        auto lock = SystemFile::Locked(path + "/" + lockName, false, refusal);
+        if (!lock.IsOpen()) {
+            removeEmptyFolder(path); // where a program ended before it had a lock
             continue;
         }
-        std::unique_ptr<RecoveryCopy> copy(new RecoveryCopy(std::move(path), lock));
+        std::unique_ptr<RecoveryCopy> copy(new RecoveryCopy(std::move(path), std::move(lock)));
         // Without a text it comes from a program that ended before it had written one.
         if (copy->readNote())
             found.push_back(std::move(copy));
@@ -188,9 +171,7 @@ bool RecoveryCopy::readNote()
     const auto content = readFile(New<FolderItem>(file(noteName))).value_or("");
     const auto fields = Split(content, fieldEnd);
     if (fields.UBound() != noteFields) {
-        struct stat folder {};
-        stat(path_.c_str(), &folder);
-        note_.Time = folder.st_mtime;
+        note_.Time = timeOfChange(path_);
         return exists(file(noteName)) || exists(file(textNames[0])) || exists(file(textNames[1]));
     }
     note_ = {fields(NameField), fields(FileField), static_cast<std::int64_t>(number(fields(TimeField)))};
@@ -219,7 +200,7 @@ void RecoveryCopy::Write(const Note& note, const std::function<void(const Sink&)
     about.Finish();
     syncFolder(path_);
     if (!text_.empty())
-        unlink(file(text_).c_str());
+        removeFile(file(text_));
     note_ = note;
     text_ = name;
     bytes_ = bytes;
@@ -237,19 +218,21 @@ std::string RecoveryCopy::Text() const
 void RecoveryCopy::Remove()
 {
     // The note goes first: what a crash leaves of the rest is then no copy, and the next start clears it away.
-    unlink(file(noteName).c_str());
+    removeFile(file(noteName));
     for (const std::string name : {noteName, textNames[0], textNames[1]}) {
-        unlink(file(name).c_str());
-        unlink(file(name + unfinished).c_str());
+        removeFile(file(name));
+        removeFile(file(name + unfinished));
     }
-    unlink(file(lockName).c_str());
-    rmdir(path_.c_str());
+    removeFile(file(lockName));
+    removeEmptyFolder(path_);
 }
 
 void RecoveryCopy::SetAside()
 {
     const auto aside = path_ + asideMark;
-    if (rename(path_.c_str(), aside.c_str()) == 0)
+    std::error_code error;
+    fs::rename(path_, aside, error);
+    if (!error)
         path_ = aside;
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "toolkit/SystemFiles.h"
+
 #include <cstdint>
 #include <functional>
 #include <memory>
@@ -31,7 +33,6 @@ public:
     /// Those that no living program has, the newest first; from now on they are this program's.
     static std::vector<std::unique_ptr<RecoveryCopy>> Abandoned();
 
-    ~RecoveryCopy();
     RecoveryCopy(const RecoveryCopy&) = delete;
     RecoveryCopy& operator=(const RecoveryCopy&) = delete;
 
@@ -48,12 +49,12 @@ public:
     void SetAside();
 
 private:
-    RecoveryCopy(std::string path, int lock);
+    RecoveryCopy(std::string path, SystemFile lock);
     std::string file(std::string_view name) const { return path_ + "/" + std::string(name); }
     bool readNote();
 
     std::string path_;
-    int lock_;
+    SystemFile lock_;
     Note note_;
     /// The file of the text in the folder, its length and its check sum; no file before the first was written.
     std::string text_;

@@ -5,7 +5,7 @@
 #include <QtGlobal>
 
 // The classes are private to Qt and differ between its versions; the dialogs of others do without these names.
-#if defined(Q_OS_UNIX) && QT_VERSION < QT_VERSION_CHECK(6, 5, 0)
+#if QT_VERSION < QT_VERSION_CHECK(6, 5, 0)
 
 #include <private/qfsfileengine_p.h>
 
