@@ -218,7 +218,7 @@ Ref<FolderItem> DesktopPlatform::GetSaveFolderItem(const FileFilter& filter, con
     const bool desktops = desktopHasFileDialogs();
     const auto dialog = saveDialog(desktops, extensions);
     prepare(*dialog, filters, name);
-    const auto file = taken(desktops ? chosenForSaving(*dialog, extensions) : chosenFile(*dialog), filters);
+    auto file = taken(desktops ? chosenForSaving(*dialog, extensions) : chosenFile(*dialog), filters);
     if (chosenKind)
         *chosenKind = static_cast<std::size_t>(std::max<qsizetype>(0, filters.indexOf(dialog->selectedNameFilter())));
     return file;
