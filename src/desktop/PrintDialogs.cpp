@@ -67,7 +67,8 @@ std::unique_ptr<Graphics> DesktopPlatform::OpenPrinterDialog(const PrinterSetup&
             widget->setEnabled(false);
     offerColorModeToPrintersOnly(dialog, *printer);
     if (auto* fileName = dialog.findChild<QLineEdit*>(QStringLiteral("filename")))
-        fileName->setText(QtBridge::qtPath(std::filesystem::path(startFolder(FileKind::Map)) / (title + ".pdf")));
+        fileName->setText(
+            QtBridge::qtPath((std::filesystem::path(startFolder(FileKind::Map)) / (title + ".pdf")).string()));
     if (dialog.exec() != QDialog::Accepted)
         return nullptr;
     const int copies = takeCopies(*printer);
