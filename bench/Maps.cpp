@@ -49,7 +49,7 @@ void fillOrdinary(Window1& window)
 
 Ref<Picture> userPicture()
 {
-    const auto picture = New<Picture>(756, 576);
+    auto picture = New<Picture>(756, 576);
     auto& g = picture->Graphics();
     g.PenWidth = g.PenHeight = 4;
     for (int n = 0; n < 40; ++n) {

@@ -25,11 +25,12 @@ int difference(const QImage& a, const QImage& b)
     return largest;
 }
 
-/// With all pixels that a screen of this many a unit shows.
+/// With all pixels that a screen of this many a unit shows. The page before is still held, so nothing of it is used.
 void composed(benchmark::State& state, Density density, int scale)
 {
     Program program(density);
     for (auto _ : state) {
+        const auto before = program.window.myImage;
         program.window.RenderMap(true);
         benchmark::DoNotOptimize(QtBridge::drawnImage(*program.window.myImage, scale));
     }

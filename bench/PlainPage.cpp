@@ -96,7 +96,7 @@ QImage markerTile(std::int64_t marker)
     const int width = static_cast<int>(metrics.horizontalAdvance(text));
     const int height = static_cast<int>(metrics.lineSpacing());
     painter.setFont(font);
-    painter.drawText(QPointF((56 - width) / 2 + 1, 56 - (56 - height) / 2 - 10), text);
+    painter.drawText(QPoint((56 - width) / 2 + 1, 56 - (56 - height) / 2 - 10), text);
     return tile;
 }
 

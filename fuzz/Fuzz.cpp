@@ -32,7 +32,7 @@ void start(int& argc, char** argv)
 
 std::string fuzz::file(const std::string& content)
 {
-    const auto path = folder + "/input";
+    auto path = folder + "/input";
     std::ofstream(path, std::ios::binary) << content;
     return path;
 }

@@ -1,4 +1,5 @@
 #include "Model.h"
+#include "PageModel.h"
 
 #include "app/App.h"
 #include "characters/frmCharacter.h"
@@ -70,6 +71,23 @@ public:
                && window_.txtGameText.Text == model_.fields[1];
     }
 
+    /// The first pixel that the page shows otherwise than its model; empty when there is none.
+    std::string wrongPixel()
+    {
+        const auto got = window_.myImage, wanted = modelPage(window_);
+        if (got->Width() != wanted->Width())
+            return "It is " + Str(got->Width()) + " wide";
+        const auto text = [](const Color& c) { return Str(c.red) + " " + Str(c.green) + " " + Str(c.blue); };
+        for (std::int64_t at = 0; at < got->Width() * got->Height(); ++at) {
+            const auto x = at % got->Width(), y = at / got->Width();
+            const Color shown = got->RGBSurface().Pixel(x, y), rule = wanted->RGBSurface().Pixel(x, y);
+            const auto apart = [](int one, int other) { return std::abs(one - other) > 0; };
+            if (apart(shown.red, rule.red) || apart(shown.green, rule.green) || apart(shown.blue, rule.blue))
+                return Str(x) + "," + Str(y) + " is " + text(shown) + " instead of " + text(rule);
+        }
+        return {};
+    }
+
 private:
     std::int64_t upTo(std::int64_t highest) { return std::uniform_int_distribution<std::int64_t>(0, highest)(random_); }
     bool chance(int oneIn) { return upTo(oneIn - 1) == 0; }
@@ -78,7 +96,7 @@ private:
     Ref<MenuItem> leaf(const MenuItem& menu)
     {
         const auto& items = menu.Items();
-        const auto item = items[static_cast<std::size_t>(upTo(static_cast<std::int64_t>(items.size()) - 1))];
+        const auto& item = items[static_cast<std::size_t>(upTo(static_cast<std::int64_t>(items.size()) - 1))];
         return item->IsSeparator() ? leaf(menu) : item->Items().empty() ? item : leaf(*item);
     }
     static std::int64_t numberIn(const std::string& tag)
@@ -342,7 +360,7 @@ private:
         const bool older = kind == 3;
         if (older)
             openFile_ = file("Older.qrnm"), std::ofstream(openFile_->Path()) << saved.text(5);
-        std::ofstream(folder_ + "/Empty");
+        std::ofstream(folder_ + "/Empty") << "";
         std::ofstream(folder_ + "/Letter") << "1 letter";
         if (!openFile_->Exists() && kind > 3)
             return;
@@ -439,13 +457,16 @@ int main(int argc, char** argv)
     if (!mkdtemp(folder.data()))
         return 2;
     setenv("XDG_DATA_HOME", folder.c_str(), true);
+    const long betweenLooks = std::clamp(operations / 1000, 1L, 100L);
     bool same = true;
     {
         Soak soak(folder, seed);
         for (long n = 1; n <= operations && same; ++n) {
             soak.operate();
-            if (n % 100 == 0 && !(same = soak.isAsTheModel()))
+            if (n % betweenLooks == 0 && !(same = soak.isAsTheModel()))
                 std::fprintf(stderr, "seed %lu: the map is not as the model at operation %ld\n", seed, n);
+            if (const auto wrong = n % (20 * betweenLooks) == 0 ? soak.wrongPixel() : ""; !wrong.empty())
+                same = false, std::fprintf(stderr, "seed %lu: the page at operation %ld: %s\n", seed, n, wrong.c_str());
             if (n % (operations / 10 + 1) == 0)
                 std::printf("%ld operations, %ld MB\n", n, memory()), std::fflush(stdout);
         }

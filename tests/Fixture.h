@@ -1,7 +1,7 @@
 #pragma once
 
 #include "app/App.h"
-#include "app/Module1.h"
+#include "document/Module1.h"
 #include "document/Window1.h"
 #include "toolkit/ScriptedPlatform.h"
 
@@ -178,6 +178,15 @@ protected:
         };
     }
 
+    /// Visits every place of the map, whether it lies on the page or not: column, row, and the squares of both layers.
+    template <typename Visit>
+    void eachSquare(Visit visit)
+    {
+        for (int n = 0; n < 144; ++n)
+            visit(n / 12 + 1, n % 12 + 1, *window.mySquares(n / 12 + 1, n % 12 + 1),
+                  *window.mySquaresTop(n / 12 + 1, n % 12 + 1));
+    }
+
     quorrin::Color pixel(std::int64_t x, std::int64_t y) { return pixelOf(window.myImage, x, y); }
 
     static void click(quorrin::MouseControl& canvas, int x = 5, int y = 5, bool contextual = false)
@@ -204,6 +213,22 @@ protected:
         const auto image = window.myImage;
         action();
         return {!(window.myImage == image), window.isDirty};
+    }
+
+    /// How often a control is to be painted anew by an action.
+    template <typename Action>
+    static int paintings(quorrin::Control& control, Action action)
+    {
+        struct : quorrin::ControlView {
+            void Sync() override {}
+            void Repaint() override { ++times; }
+            void TakeFocus() override {}
+            int times = 0;
+        } view;
+        control.View = &view;
+        action();
+        control.View = nullptr;
+        return view.times;
     }
 
     TestFolder folder;

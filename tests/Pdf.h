@@ -1,5 +1,6 @@
 #pragma once
 
+#include "toolkit/Files.h"
 #include "toolkit/Picture.h"
 
 #include <array>

@@ -12,16 +12,12 @@ const auto at = pixelOf;
 
 /// Whether a drawing leaves a mark on all of this area and on nothing else.
 template <typename Draw>
-bool marks(Draw draw, int left, int top, int width, int height)
+testing::AssertionResult marks(Draw draw, int left, int top, int width, int height)
 {
-    const auto picture = New<Picture>(12, 12);
+    const auto picture = New<Picture>(12, 12), area = New<Picture>(12, 12);
     draw(picture->Graphics());
-    bool exact = true;
-    forEachPixel(12, 12, [&](int x, int y) {
-        const bool inside = x >= left && x < left + width && y >= top && y < top + height;
-        exact = exact && inside == (at(picture, x, y) != clear);
-    });
-    return exact;
+    forEachPixel(width, height, [&](auto x, auto y) { area->RGBSurface().SetPixel(left + x, top + y, black); });
+    return alike(picture, area);
 }
 
 } // namespace
@@ -60,52 +56,27 @@ TEST(Pictures, TheTwoFormsAndTransparentWhite)
 
 TEST(Pictures, AMaskFadesAndCanBeTakenAway)
 {
-    const auto picture = New<Picture>(3, 1, 32), mask = New<Picture>(3, 1, 32), page = New<Picture>(3, 1, 32);
-    picture->Graphics().FillRect(0, 0, 3, 1);
+    const auto picture = New<Picture>(4, 2, 32), mask = New<Picture>(3, 1, 32), page = New<Picture>(4, 2, 32);
+    picture->Graphics().FillRect(0, 0, 4, 2);
     mask->RGBSurface().SetPixel(0, 0, black);
     mask->RGBSurface().SetPixel(1, 0, RGB(128, 128, 128));
-    picture->Mask = mask;
-    page->Graphics().DrawPicture(picture, 0, 0);
-    EXPECT_EQ(at(page, 0, 0), black);
-    EXPECT_NEAR(at(page, 1, 0).green, 128, 1);
-    EXPECT_EQ(at(page, 2, 0), white);
-    picture->Mask = nullptr;
-    page->Graphics().DrawPicture(picture, 0, 0);
-    EXPECT_EQ(at(page, 2, 0), black);
-}
-
-TEST(Pictures, PicturesWithoutAreaAndNilOnes)
-{
+    for (const auto& shown : {mask, Ref<Picture>()}) {
+        picture->Mask = shown;
+        page->Graphics().DrawPicture(picture, 0, 0);
+        EXPECT_EQ(at(page, 0, 0), black);
+        EXPECT_NEAR(at(page, 1, 0).green, shown ? 128 : 0, 1);
+        for (const auto& [x, y] : {std::pair{2, 0}, {3, 0}, {0, 1}}) // two of them beyond the mask
+            EXPECT_EQ(at(page, x, y), shown ? white : black);
+    }
+    // Without area there is nothing to draw, and nil is no picture.
     const auto none = New<Picture>(0, 9);
-    const auto page = New<Picture>(4, 4, 32);
     page->Graphics().DrawPicture(none, 0, 0);
-    page->Graphics().DrawPicture(none, 0, 0, 4, 4, 0, 0, 0, 9);
-    EXPECT_EQ(at(page, 1, 1), white);
+    page->Graphics().DrawPicture(none, 0, 0, 3, 1, 0, 0, 0, 9);
+    EXPECT_EQ(at(page, 1, 0), black);
     EXPECT_THROW(page->Graphics().DrawPicture(nullptr, 0, 0), NilObjectException);
     EXPECT_THROW(Picture(-1, 4), RuntimeException);
-    EXPECT_THROW(Picture(40000, 4, 32), RuntimeException);
-}
-
-TEST(Pictures, AQuarterTurnMovesEveryPixelClockwise)
-{
-    const auto source = New<Picture>(6, 4, 32);
-    source->RGBSurface().SetPixel(0, 0, red);
-    source->RGBSurface().SetPixel(5, 3, black);
-    const auto turned = Window1::RotatePict90(source);
-    const auto wanted = New<Picture>(4, 6, 32);
-    wanted->RGBSurface().SetPixel(3, 0, red);
-    wanted->RGBSurface().SetPixel(0, 5, black);
-    EXPECT_TRUE(alike(turned, wanted));
-}
-
-TEST(Pictures, TextIsMeasuredByItsLines)
-{
-    const auto page = New<Picture>(200, 100, 32);
-    auto& g = page->Graphics();
-    const double line = g.StringHeight("x", 0);
-    EXPECT_DOUBLE_EQ(g.StringHeight("a\rb\r\nc\n", 0), 3 * line);
-    EXPECT_DOUBLE_EQ(g.StringHeight("a\r\rb", 0), 3 * line);
-    EXPECT_GT(g.StringHeight("many words that need more than one line", 60), 2 * line);
+    EXPECT_THROW(Picture(32768, 4, 32), RuntimeException);
+    EXPECT_EQ(Picture(32767, 1).Width(), 32767);
 }
 
 TEST(Pictures, APngFileKeepsEveryPixel)
@@ -143,27 +114,15 @@ TEST(Pictures, OneOfWhichFewPixelsAreKeptHasItsSizeEverywhere)
         EXPECT_EQ(at(small, x, 199), color);
 }
 
-TEST(Pictures, DataThatIsNoPictureOrLiesAboutItsSizeIsRefused)
+TEST(Pictures, ThoseOfOddSizesAreTakenOrRefusedByTheirTrueSize)
 {
-    const auto png = bytesOf(New<Picture>(9, 7, 32));
-    EXPECT_TRUE(Picture::FromData(png));
     // The films that phones put behind a picture look in places like its parts.
     std::string film = New<Picture>(9, 7, 32)->ToData(PictureFormat::Jpeg, 100);
     for (int i = 0; i < 200; ++i)
         film += "film\xFF\xDA";
     EXPECT_TRUE(Picture::FromData(film));
-    std::string huge = png; // the size stands in bytes 16 to 23, behind a checksum that decoders test late
-    huge.replace(16, 8, std::string("\x00\x00\x7F\x00\x00\x00\x7F\x00", 8));
-    // A bitmap that claims 30000 by 30000 pixels in 54 bytes.
-    const std::string boast = std::string("BM") + std::string(8, '\0') + "\x36" + std::string(3, '\0') + "\x28"
-                              + std::string(3, '\0') + "\x30\x75\0\0\x30\x75\0\0" + std::string("\1\0\x18\0", 4)
-                              + std::string(24, '\0');
-    for (const auto& bytes : {huge, boast, std::string(), png.substr(0, 30), std::string(500, 'B')})
-        EXPECT_FALSE(Picture::FromData(bytes)) << bytes.size();
-}
-
-TEST(Pictures, ThoseOfOddSizesAreTakenOrRefusedByTheirTrueSize)
-{
+    for (const auto& none : {std::string(), bytesOf(New<Picture>(9, 7, 32)).substr(0, 30), std::string(500, 'B')})
+        EXPECT_FALSE(Picture::FromData(none)) << none.size();
     using Size = std::pair<std::int64_t, std::int64_t>;
     const std::pair<const char*, Size> cases[] = {
         // clang-format off
@@ -188,10 +147,7 @@ TEST(Pictures, ThoseOfOddSizesAreTakenOrRefusedByTheirTrueSize)
 TEST(Files, AFileIsReplacedWholeOrNotAtAll)
 {
     const TestFolder folder;
-    const auto file = folder.file("a.txt");
     writeFile(folder / "a.txt", "old");
-    TextOutputStream::Create(file)->Write("half of the n");
-    EXPECT_EQ(contentOf(folder / "a.txt"), "old");
     std::filesystem::permissions(folder / "a.txt", std::filesystem::perms(0640));
     std::filesystem::create_symlink(folder / "a.txt", folder / "link.txt");
     const auto stream = TextOutputStream::Create(folder.file("link.txt"));
@@ -200,6 +156,4 @@ TEST(Files, AFileIsReplacedWholeOrNotAtAll)
     EXPECT_EQ(contentOf(folder / "a.txt"), "new");
     EXPECT_TRUE(std::filesystem::is_symlink(folder / "link.txt"));
     EXPECT_EQ(std::filesystem::status(folder / "a.txt").permissions(), std::filesystem::perms(0640));
-
-    EXPECT_FALSE(TextInputStream::Open(folder.file("missing")));
 }

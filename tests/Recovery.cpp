@@ -1,3 +1,4 @@
+#include "Disk.h"
 #include "Fixture.h"
 
 #include "app/Recovery.h"
@@ -6,12 +7,7 @@
 #include "toolkit/Text.h"
 #include "userpicture/frmEditUserPicture.h"
 
-#include <csignal>
-#include <functional>
 #include <optional>
-#include <sys/resource.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 using namespace quorrin;
 
@@ -28,23 +24,23 @@ protected:
         recovery.emplace(window);
     }
 
-    /// The folders of the copies that there are.
-    static std::vector<fs::path> copies()
+    /// The files of all copies that have this extension: their maps, or without one the notes about these.
+    static std::vector<fs::path> files(const std::string& extension)
     {
         std::vector<fs::path> found;
         if (fs::exists(RecoveryCopy::Folder()))
-            for (const auto& entry : fs::directory_iterator(RecoveryCopy::Folder()))
-                found.push_back(entry.path());
+            for (const auto& entry : fs::recursive_directory_iterator(RecoveryCopy::Folder()))
+                if (entry.is_regular_file() && entry.path().extension() == extension && entry.path().stem() != "lock")
+                    found.push_back(entry.path());
         return found;
     }
+    static bool nothingIsKept() { return fs::is_empty(RecoveryCopy::Folder()); }
     /// The map in the one copy, empty when there is none.
     static std::string kept()
     {
         std::string text;
-        for (const auto& copy : copies())
-            for (const auto& entry : fs::directory_iterator(copy))
-                if (entry.path().extension() == ".qrnm")
-                    text += contentOf(entry.path());
+        for (const auto& map : files(".qrnm"))
+            text += contentOf(map);
         return text;
     }
     std::string keep()
@@ -103,14 +99,13 @@ TEST_F(Recovering, UnsavedWorkIsKeptForItsUserAloneUntilItIsSavedOrGivenUp)
         EXPECT_FALSE(recovery->Keep());
         window.cbShowClickable.Value = !window.cbShowClickable.Value; // alone, it makes no map dirty
         EXPECT_EQ(keep(), window.MapText());
-        ASSERT_EQ(copies().size(), 1);
-        for (const fs::path& path : {fs::path(RecoveryCopy::Folder()), copies()[0]})
-            EXPECT_EQ(permissions(path), 0700);
-        for (const auto& entry : fs::directory_iterator(copies()[0]))
-            EXPECT_EQ(permissions(entry.path()), 0600);
+        ASSERT_EQ(files("").size(), 1);
+        EXPECT_EQ(permissions(RecoveryCopy::Folder()), 0700);
+        for (const auto& entry : fs::recursive_directory_iterator(RecoveryCopy::Folder()))
+            EXPECT_EQ(permissions(entry.path()), entry.is_directory() ? 0700 : 0600);
         makeClean();
         recovery->KeepAtOnce();
-        EXPECT_TRUE(copies().empty()) << end;
+        EXPECT_TRUE(nothingIsKept()) << end;
         recovery->Resume();
     }
     EXPECT_FALSE(fs::exists(folder / "Map.qrnm")) << "the map's own file is the person's to write";
@@ -159,14 +154,21 @@ TEST_F(Recovering, WhatACrashHasLeftIsOfferedUntilItIsDecided)
     window.pmLandscape.ListIndex = 1;
     window.txtGameText.Text = "Beware.";
     window.mySquares(3, 4)->thisObject = 37;
+    for (int n = 1; n <= 20; ++n)
+        window.myCharacters(n)->IconData = std::string(500'000, static_cast<char>(n));
+    window.UserPicture = New<Picture>(4000, 3000, 32);
     const auto map = window.MapText();
-    crash();
+    recovery->Keep();
+    // Drawn on while it is being written, it is kept as it was.
+    window.UserPicture->Graphics().FillRect(0, 0, 4000, 3000);
+    window.myCharacters(20)->IconData.clear();
+    restart();
     offer(Answer::Cancel);
     EXPECT_FALSE(window.isDirty);
     offer(Answer::Action);
     ASSERT_EQ(person.questions.size(), 2);
     EXPECT_NE(person.questions[1].find("\"Dark\""), std::string::npos);
-    EXPECT_EQ(window.MapText(), map);
+    EXPECT_TRUE(window.MapText() == map);
     EXPECT_TRUE(window.isDirty);
     EXPECT_EQ(window.Title.get(), "Quorrin Map Maker - Dark");
     EXPECT_EQ(window.mySavedFile->Path(), folder / "Dark.Cave.qrnm");
@@ -174,19 +176,18 @@ TEST_F(Recovering, WhatACrashHasLeftIsOfferedUntilItIsDecided)
     // The copy lives on as that of the map that is open, and nobody else is asked about it.
     EXPECT_TRUE(RecoveryCopy::Abandoned().empty());
     window.txtGameText.Text = "Beware!";
-    EXPECT_EQ(keep(), window.MapText());
-    ASSERT_EQ(copies().size(), 1);
+    EXPECT_TRUE(keep() == window.MapText());
     window.ChooseMenu("mnuSave");
     EXPECT_EQ(person.proposedNames.back(), "Dark.qrnm");
     recovery->KeepAtOnce();
-    EXPECT_TRUE(copies().empty());
+    EXPECT_TRUE(nothingIsKept());
 
     window.SetSavedFileName(nullptr);
     window.pmGrid.ListIndex = 1;
     crash();
     offer(Answer::Alternate);
     EXPECT_NE(person.questions[0].find("unnamed"), std::string::npos);
-    EXPECT_TRUE(copies().empty());
+    EXPECT_TRUE(nothingIsKept());
     offer(Answer::Action);
     EXPECT_EQ(person.questions.size(), 1) << "there is nothing left to ask about";
 }
@@ -219,7 +220,7 @@ TEST_F(Recovering, SeveralCopiesStandInOneListAndThoseOfOthersInNone)
     EXPECT_EQ(rows, (std::vector<std::size_t>{3, 2}));
     EXPECT_EQ(window.pmGrid.ListIndex, 2);
     EXPECT_EQ(window.mySavedFileName, "Map 2");
-    EXPECT_EQ(copies().size(), 3) << "this map's, the other window's, and the one that waits";
+    EXPECT_EQ(files("").size(), 3) << "this map's, the other window's, and the one that waits";
 }
 
 TEST_F(Recovering, ADamagedCopyIsRefusedAndStays)
@@ -235,19 +236,16 @@ TEST_F(Recovering, ADamagedCopyIsRefusedAndStays)
     for (const auto& [extension, fault] : faults) {
         window.txtMonster.Text = "Orc";
         recovery->KeepAtOnce();
-        std::string text;
-        for (const auto& copy : copies())
-            for (const auto& entry : fs::directory_iterator(copy))
-                if (copy.extension().empty() && entry.path().extension() == extension
-                    && entry.path().filename() != "lock")
-                    writeFile(entry.path(), text = fault(contentOf(entry.path())));
+        for (const auto& file : files(extension))
+            if (file.parent_path().extension().empty()) // not put aside already
+                writeFile(file, fault(contentOf(file)));
         restart();
         offer(Answer::Action);
         EXPECT_EQ(person.questions.size(), 1);
         ASSERT_EQ(person.messages.size(), 1);
         EXPECT_NE(person.messages[0].find("damaged"), std::string::npos);
         EXPECT_EQ(window.txtMonster.Text.get(), "");
-        EXPECT_EQ(copies().size(), ++damaged) << "each is kept for a later look";
+        EXPECT_EQ(files(".qrnm").size(), ++damaged) << "each is kept for a later look";
         offer(Answer::Action);
         EXPECT_EQ(person.questions.size(), 1) << "but not asked about again";
     }
@@ -258,62 +256,24 @@ TEST_F(Recovering, ADiskThatTakesNothingIsPassedOverAndTriedAgain)
     window.txtGameText.Text = "The first.";
     const auto first = keep();
     window.txtGameText.Text = std::string(200'000, 'x');
-    rlimit limit{};
-    getrlimit(RLIMIT_FSIZE, &limit);
-    std::signal(SIGXFSZ, SIG_IGN);
-    for (const rlim_t room : {rlim_t{0}, rlim_t{4096}, rlim_t{window.MapText().size() - 1}}) {
-        const rlimit full{room, limit.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &full);
+    for (const std::size_t room : {std::size_t{0}, std::size_t{4096}, window.MapText().size() - 1}) {
+        const FullDisk disk(room);
         EXPECT_EQ(keep(), first) << "the copy from before stays whole";
         EXPECT_TRUE(recovery->Keep()) << "it is to be tried again";
-        setrlimit(RLIMIT_FSIZE, &limit);
     }
     EXPECT_EQ(keep(), window.MapText());
     fs::remove_all(RecoveryCopy::Folder());
     window.txtGameText.Text = "The last.";
     keep();
     EXPECT_EQ(keep(), window.MapText()) << "a folder that somebody has removed is made again";
-    EXPECT_TRUE(person.messages.empty());
-
-    // As nobody, since the administrator may write everywhere.
-    fs::permissions(folder.path, fs::perms(0555));
     setenv("XDG_STATE_HOME", (folder / "none").c_str(), true);
-    const pid_t nobody = fork();
-    if (nobody == 0) {
-        EXPECT_TRUE(geteuid() != 0 || setuid(65534) == 0);
-        Window1 another;
-        another.Event_Open();
-        Recovery unlucky(another);
-        another.pmGrid.ListIndex = 3;
+    fs::permissions(folder.path, fs::perms(0555));
+    EXPECT_TRUE(holdsForNobody([&] {
+        Recovery unlucky(window);
         unlucky.KeepAtOnce();
         EXPECT_TRUE(unlucky.Keep());
         unlucky.OfferAbandoned();
-        _exit(HasFailure() || !person.messages.empty());
-    }
-    int status = 0;
-    waitpid(nobody, &status, 0);
-    EXPECT_EQ(status, 0);
+        EXPECT_TRUE(person.messages.empty());
+    }));
     fs::permissions(folder.path, fs::perms(0755));
-}
-
-TEST_F(Recovering, TwentyPhotographsAndALargeDrawingComeBack)
-{
-    for (int n = 1; n <= 20; ++n) {
-        std::string photograph(700'000, '\0');
-        for (std::size_t i = 0; i < photograph.size(); ++i)
-            photograph[i] = static_cast<char>((i * i * static_cast<std::size_t>(n)) >> 7);
-        window.myCharacters(n)->IconData = std::move(photograph);
-    }
-    window.UserPicture = New<Picture>(4000, 3000, 32);
-    window.isDirty = true;
-    const auto map = window.MapText();
-    recovery->Keep();
-    // Drawn on while it is being written, it is kept as it was.
-    window.UserPicture->Graphics().FillRect(0, 0, 4000, 3000);
-    window.myCharacters(20)->IconData.clear();
-    recovery.reset();
-    EXPECT_EQ(kept(), map);
-    restart();
-    offer(Answer::Action);
-    EXPECT_TRUE(window.MapText() == map);
 }

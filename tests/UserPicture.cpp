@@ -77,40 +77,24 @@ TEST_F(UserPicture, KeysConstrainALineFromWhereItBegan)
     }
 }
 
-TEST_F(UserPicture, WhiteErasesWhenTheMouseIsReleased)
-{
-    edit([&](frmEditUserPicture& editor) {
-        stroke(editor, {{50, 50}, {100, 50}});
-        editor.PopupMenu1.ListIndex = 1;
-        editor.Canvas1.Press(70, 50);
-        editor.Canvas1.Drag(80, 50);
-        EXPECT_EQ(at(editor, 75, 50), white);
-        editor.Canvas1.Release(80, 50);
-        EXPECT_EQ(at(editor, 75, 50), clear);
-        editor.Canvas1.Drag(60, 50); // nothing is pressed any more
-        EXPECT_EQ(at(editor, 65, 50), black);
-    });
-}
-
 TEST_F(UserPicture, UndoGoesOneStepBack)
 {
     edit([&](frmEditUserPicture& editor) {
         EXPECT_FALSE(editor.ChooseMenu("mnUPEditUndo")) << "it is disabled";
         stroke(editor, {{10, 10}, {20, 10}});
         const auto first = bytesOf(editor.myImage);
+        const auto undone = [&] {
+            EXPECT_TRUE(editor.ChooseMenu("mnUPEditUndo"));
+            EXPECT_FALSE(editor.ChooseMenu("mnUPEditUndo"));
+            return bytesOf(editor.myImage);
+        };
         stroke(editor, {{10, 30}, {20, 30}});
-        EXPECT_TRUE(editor.ChooseMenu("mnUPEditUndo"));
-        EXPECT_EQ(bytesOf(editor.myImage), first);
-        EXPECT_FALSE(editor.ChooseMenu("mnUPEditUndo"));
-
+        EXPECT_EQ(undone(), first);
         click(editor.Canvas1, 310, 310);
-        EXPECT_EQ(bytesOf(editor.myImage), first) << "a click draws nothing";
-        EXPECT_TRUE(editor.ChooseMenu("mnUPEditUndo")) << "and yet takes a step of undo";
-
+        EXPECT_EQ(undone(), first) << "a click draws nothing and yet takes a step of undo";
         EXPECT_TRUE(editor.ChooseMenu("mnuClearDrawing"));
-        EXPECT_EQ(bytesOf(editor.myImage), bytesOf(New<Picture>(756, 576)));
-        EXPECT_TRUE(editor.ChooseMenu("mnUPEditUndo"));
-        EXPECT_EQ(bytesOf(editor.myImage), first);
+        EXPECT_TRUE(alike(editor.myImage, New<Picture>(756, 576)));
+        EXPECT_EQ(undone(), first);
     });
 }
 
@@ -124,68 +108,67 @@ TEST_F(UserPicture, StretchesALoadedPictureOverTheDrawing)
     edit([&](frmEditUserPicture& editor) {
         stroke(editor, {{600, 300}, {700, 300}});
         const auto undo = editor.pUndo;
-        person.open = [&](const FileFilter&) { return file; };
+        person.open = [&](const FileFilter&) { return Ref<FolderItem>(file); };
         EXPECT_TRUE(editor.ChooseMenu("mnuOpenUserPicture"));
         for (const auto& [x, y, color] : {std::tuple{0, 0, red}, {0, 575, red}, {755, 575, clear}, {650, 300, black}})
             EXPECT_EQ(at(editor, x, y), color) << x << "," << y;
-        EXPECT_TRUE(editor.pUndo == undo);
-
+        EXPECT_EQ(editor.pUndo, undo);
         const auto before = bytesOf(editor.myImage);
-        for (const auto& none : {folder.file("no such file"), Ref<FolderItem>()}) {
-            person.open = [&](const FileFilter&) { return none; };
-            EXPECT_TRUE(editor.ChooseMenu("mnuOpenUserPicture"));
-            EXPECT_EQ(bytesOf(editor.myImage), before);
-        }
+        person.open = [&](const FileFilter&) { return folder.file("no such file"); };
+        EXPECT_TRUE(editor.ChooseMenu("mnuOpenUserPicture"));
+        EXPECT_EQ(bytesOf(editor.myImage), before);
         EXPECT_TRUE(person.messages.empty());
+        EXPECT_TRUE(editor._mnuSavePicture_Action()) << "cancelled";
+        person.save = [&](const std::string& name) { return folder.file(name); };
+        EXPECT_TRUE(editor.HandlesMenu("mnuSavePicture")) << "though no item bears the name";
+        editor._mnuSavePicture_Action();
+        EXPECT_TRUE(alike(Picture::Open(folder.file("Quorrin Map.bmp")), editor.myImage));
     });
 }
 
-TEST_F(UserPicture, GoesToTheMapOnApplyAlone)
+TEST_F(UserPicture, LiesOverTheMapAndGoesToItOnApplyAlone)
 {
-    for (const bool applied : {false, true}) {
+    window.pmBackground.ListIndex = 1;
+    for (const auto& [portrait, applied] : {std::pair{0, false}, {0, true}, {1, false}, {1, true}}) {
+        window.pmLandscape.ListIndex = portrait;
+        window.UserPicture = nullptr;
         window.isDirty = false;
-        edit([&](frmEditUserPicture& editor) {
-            stroke(editor, {{10, 10}, {20, 10}});
-            (applied ? editor.PushButton1 : editor.PushButton2).Push();
+        edit([&, apply = applied](frmEditUserPicture& editor) {
+            const auto page = window.myImage;
+            editor.PopupMenu2.ListIndex = 4;
+            stroke(editor, {{300, 500}, {400, 500}});
+            editor.PopupMenu1.ListIndex = 1;
+            editor.Canvas1.Press(340, 500);
+            editor.Canvas1.Drag(360, 500);
+            EXPECT_EQ(at(editor, 350, 502), white);
+            editor.Canvas1.Release(360, 500);
+            EXPECT_EQ(at(editor, 350, 502), clear) << "white erases";
+            editor.Canvas1.Drag(310, 500); // nothing is pressed any more
+
+            const auto shown = New<Picture>(editor.Canvas1.Width, editor.Canvas1.Height, 32);
+            const auto wanted = New<Picture>(page->Width(), page->Height(), 32);
+            editor.Canvas1.Paint(shown->Graphics());
+            wanted->Graphics().DrawPicture(page, 0, 0);
+            wanted->Graphics().DrawPicture(editor.myImage, 0, 0);
+            wanted->Graphics().DrawRect(0, 0, wanted->Graphics().Width(), wanted->Graphics().Height());
+            EXPECT_TRUE(alike(shown, wanted));
+            (apply ? editor.PushButton1 : editor.PushButton2).Push();
         });
         EXPECT_EQ(static_cast<bool>(window.UserPicture), applied);
-        EXPECT_EQ(pixel(15, 10), applied ? black : white);
+        EXPECT_EQ(pixel(310, 502), applied ? black : RGB(200, 200, 200));
+        EXPECT_EQ(pixel(350, 502), RGB(200, 200, 200));
         EXPECT_TRUE(window.isDirty);
     }
     const auto drawing = bytesOf(window.UserPicture);
+    EXPECT_TRUE(alike(window.UserPicture->Enlarged(3), Picture::FromData(drawing)->Enlarged(3)))
+        << "no more than a file keeps";
     edit([&](frmEditUserPicture& editor) {
         EXPECT_EQ(bytesOf(editor.myImage), drawing);
-        EXPECT_EQ(pixelOf(Module1::pMain, 15, 10), white) << "the map below is without the drawing";
+        EXPECT_EQ(pixelOf(Module1::pMain, 310, 502), RGB(200, 200, 200)) << "the map below is without the drawing";
         editor.ChooseMenu("mnuClearDrawing");
         editor.PushButton2.Push();
     });
     EXPECT_EQ(bytesOf(window.UserPicture), drawing);
-}
-
-TEST_F(UserPicture, LiesOverTheMapInBothOrientations)
-{
-    for (const int orientation : {0, 1}) {
-        window.pmLandscape.ListIndex = orientation;
-        window.pmBackground.ListIndex = 1;
-        window.UserPicture = nullptr;
-        edit([&](frmEditUserPicture& editor) {
-            EXPECT_EQ(editor.Canvas1.Width, orientation == 0 ? 756 : 576);
-            EXPECT_EQ(editor.Canvas1.Height, orientation == 0 ? 576 : 756);
-            editor.PopupMenu2.ListIndex = 4;
-            stroke(editor, {{300, 500}, {400, 500}});
-            editor.PopupMenu1.ListIndex = 1;
-            stroke(editor, {{340, 500}, {360, 500}});
-
-            const auto shown = New<Picture>(editor.myImage->Width(), editor.myImage->Height());
-            editor.Canvas1.Paint(shown->Graphics());
-            EXPECT_EQ(pixelOf(shown, 310, 502), black);
-            EXPECT_EQ(pixelOf(shown, orientation == 0 ? 755 : 575, orientation == 0 ? 575 : 755), black);
-            EXPECT_EQ(pixelOf(shown, 350, 502), RGB(200, 200, 200));
-            editor.PushButton1.Push();
-        });
-        EXPECT_EQ(pixel(310, 502), black);
-        EXPECT_EQ(pixel(350, 502), RGB(200, 200, 200));
-    }
 }
 
 TEST_F(UserPicture, BearsAMouseFarOutside)

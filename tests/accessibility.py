@@ -16,46 +16,24 @@ import pyatspi  # noqa: E402, needs the session
 
 from person import wait_for  # noqa: E402
 
-BORDERS = ("Mountain Range", "Pine Trees", "None", "None")
-WALLS = ("Top", "Bottom", "Left", "Right", "Slash", "Backslash")
-# What stands in the window beside texts and frames: role, name, value.
+# Some of what stands in the window beside texts and frames, in its order: role, name, value.
 EXPECTED = [
     ("combo box", "Orientation", "Landscape"),
-    ("combo box", "Background", "Grass"),
     ("push button", "Edit User Picture", ""),
     ("check box", "Overlay User Picture", "off"),
-    ("separator", "", ""),
-    *[("combo box", f"{side} border", value) for side, value in zip(("Top", "Bottom", "Left", "Right"), BORDERS)],
+    ("combo box", "Top border", "Mountain Range"),
     ("combo box", "Grid", "Brown"),
-    ("check box", "Show Clickable Regions", "off"),
-    *[("check box", f"{side} wall", "off") for side in WALLS],
-    *[("check box", f"{side} door", "off") for side in WALLS[:4]],
+    ("check box", "Top wall", "off"),
     ("color chooser", "Wall color", "#000000"),
     ("canvas", "Preview of the walls", "No walls"),
-    ("push button", "Clear All Checkboxes", ""),
-    ("push button", "Generate Maze", ""),
-    ("combo box", "Visible layers", "All Layers"),
-    ("combo box", "Drawing layer", "Bottom Layer"),
-    ("combo box", "Object", "Blank"),
-    ("combo box", "Color mode", "Color Solid"),
     ("canvas", "Object palette", "Blank"),
-    ("separator", "", ""),
-    ("push button", "Set All Blank Squares", ""),
-    ("push button", "Generate Maze", ""),
     ("check box", "Show Dungeon Master Objects", "on"),
-    ("combo box", "Marker", "Blank"),
-    ("canvas", "Marker palette", "Blank"),
     ("check box", "Script Editor", "off"),
-    ("check box", "Character Sheet", "off"),
     ("page tab list", "Background", ""),
     ("canvas", "Map", ""),
     ("text", "Monsters", "4 goblins in the mine (1)"),
-    ("text", "Game text", "The miller's daughter has not come home. Her brother waits for the heroes at the well."),
-    ("push button", "Print Script", ""),
-    ("canvas", "Character sheet", ""),
-    ("push button", "Save Character Sheet", ""),
-    ("push button", "Print Character Sheet", ""),
 ]
+CONTROLS = 44
 ROLES = {role for role, _, _ in EXPECTED} | {"frame"}
 
 
@@ -90,11 +68,11 @@ def check(program, sample):
             (w for a in desktop if a and a.name == "Quorrin Map Maker" for w in a if " - " in w.name), None))
         controls = list(controls_in(window))
         got = [spoken(control) for control in controls]
-        if got != EXPECTED:
-            sys.exit("accessibility: " + "\n".join(map(str, [x for x in got if x not in EXPECTED] + ["instead of"]
-                                                       + [x for x in EXPECTED if x not in got])))
+        named = {name for role, name, _ in got}
+        if [control for control in got if control in EXPECTED] != EXPECTED or "" in named or len(got) != CONTROLS:
+            sys.exit("accessibility: " + "\n".join([f"{len(got)} controls", *map(str, got)]))
         # Where one is on the map is told as soon as one is there.
-        map_canvas = controls[EXPECTED.index(("canvas", "Map", ""))]
+        map_canvas = controls[got.index(("canvas", "Map", ""))]
         subprocess.run(["xdotool", "search", "--onlyvisible", "--name", window.name, "windowfocus", "--sync"], check=True)
         map_canvas.queryComponent().grabFocus()
         wait_for("the first square", lambda: map_canvas.description == "Column 1, row 1: Mountians")

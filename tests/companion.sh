@@ -39,6 +39,11 @@ status 0 "$program" upgrade -o dotted Dark.Cave.qrnm
 [ -e dotted/Dark.Cave.qrnm ] || fail "a dotted name is cut"
 rm Dark.Cave.qrnm
 
+# Names of files and folders are bytes.
+mkdir $'Tr\xe9sor' && cp "$sample" $'Tr\xe9sor/Caf\xe9.qrnm'
+status 0 "$program" export -o $'Tr\xe9sor/\xff' $'Tr\xe9sor/Caf\xe9.qrnm'
+[ -e $'Tr\xe9sor/\xff/Quorrin Map Caf\xe9.png' ] || fail "no picture of another encoding"
+
 # The sheet of each map, and prints of one page or as many as there are copies.
 status 0 "$program" sheet -o sheets -- *.qrnm
 file=$(printf 'sheets/%s Character Sheet.jpg' "$name")
@@ -110,19 +115,96 @@ for signal in TERM:143 INT:130; do
     [ "$(ls -A new/pictures)" = "$left" ] || fail "a worker is left"
 done
 
+# Prints are sharp and small, in true size too, and the numbers of markers are text.
+status 0 "$program" print -o large -- "$samples"/*.qrnm
+for print in large/*.pdf; do
+    [ "$(stat -c %s "$print")" -lt 3000000 ] || fail "$print has $(stat -c %s "$print") bytes"
+done
+pdftotext "large/The Old Mine Map.pdf" - | tr -d '\n \f' | grep -q 'H.*3' || fail "no numbers"
+status 0 "$program" print --square 60mm -o large/true "$sample"
+status 0 "$program" print --what sheet --square 25mm -o large/true "$sample"
+for print in large/*.pdf large/true/*.pdf; do
+    lowest=$(pdfimages -list "$print" | awk 'NR > 2 {print $13; print $14}' | sort -n | head -n 1)
+    [ "${lowest:-0}" -ge 260 ] || fail "$print has ${lowest:-no} pixels an inch"
+done
+
+# Thumbnails of what lies in folders, good or damaged, quick and small.
+for size in 16 1024; do
+    status 0 "$program" thumbnail --size $size -o one.png "$sample"
+    file one.png | grep -q "PNG image data, $size x\|PNG image data, [0-9]* x $size," || fail "no thumbnail of $size"
+done
+printf '\376%.0s' {1..100000} >marks
+{ head -c 50 "$sample"; head -c 1000000 /dev/urandom; } >noise
+head -c $(($(stat -c %s "$sample") / 3)) "$sample" >third
+for damaged in letter.qrnm empty.qrnm marks noise third; do
+    # The sanitizers claim more addresses than any limit allows.
+    got=0
+    (grep -q __asan_init "$program" || ulimit -v 2000000 -t 5; "$program" thumbnail -o none.png "$damaged" 2>err) || got=$?
+    [ "$got" = 1 ] || fail "status $got of $damaged"
+    [ ! -e none.png ] || fail "a thumbnail of $damaged"
+done
+
+# A worker that dies takes one map with it.
+"$program" export --set --scale 8 --jobs 1 -o dead "$sample" 2>err &
+while kill -0 $! 2>/dev/null; do
+    for process in /proc/[0-9]*/stat; do
+        { read -r worker _ _ parent _ <"$process"; } 2>/dev/null || continue
+        [ "$parent" != $! ] || { kill -KILL "$worker" && break 2; }
+    done
+done
+got=0
+wait $! || got=$?
+[ "$got" = 1 ] || fail "status $got when a worker dies"
+grep -qx "$sample: The work on this map ended unexpectedly." err || fail "no word of the dead worker: $(cat err)"
+
 # Wrong usage.
 status 2 "$program"
 status 2 "$program" export
-status 2 "$program" upgrade "$sample"
-status 2 "$program" export --jobs none "$sample"
-status 2 "$program" export --scale 9 "$sample"
-status 2 "$program" sheet --scale 2 "$sample"
-status 2 "$program" print --what picture "$sample"
-status 2 "$program" print --paper Napkin "$sample"
-status 2 "$program" print --copies 0 "$sample"
-status 2 "$program" print --copies 1000 "$sample"
-status 2 "$program" sheet --landscape "$sample"
-status 2 "$program" export --frobnicate "$sample"
-grep -q -- --help err || fail "no hint"
+while read -r line; do
+    status 2 "$program" $line "$sample"
+    [ "$(wc -l <err)" = 2 ] || fail "of $line it says: $(cat err)"
+    grep -q -- --help err || fail "no hint"
+done <<'END'
+draw
+upgrade
+upgrade -o x --cell 70
+export --jobs none
+export --jobs 0
+export --jobs 257
+export --scale 0
+export --scale 9
+export --frobnicate
+export --board
+export --cell 70
+export --board --cell 19
+export --board --cell 70 --scale 2
+sheet --scale 2
+sheet --landscape
+sheet --cell 70
+print --what picture
+print --paper Napkin
+print --copies 0
+print --copies 1000
+print --board
+print --bw
+print --markers
+print --what script --square 1in
+print --square 10cm
+print --square inf
+print --square 4mm
+print --square 101mm
+print --what sheet --square 90mm
+print --what sheet --square 1in --board
+vtt --board
+vtt --square 1in
+vtt --cell 513
+thumbnail
+thumbnail -o x --jobs 2
+thumbnail -o x --size 15
+thumbnail -o x --size 1025
+thumbnail -o x another.qrnm
+END
+status 0 "$program" export --jobs 256 --scale 1 -o limits "$sample"
+status 0 "$program" print --square 5mm --copies 999 --what sheet -o limits "$sample"
 status 0 "$program" --help
 status 0 "$program" --version

@@ -102,26 +102,13 @@ def wait_for(what, condition, seconds=30):
     return result
 
 
-def changed(content, section, mark, index, new):
-    sections = content.split(b"\xfe")
-    parts = sections[section].split(mark)
-    parts[index] = new(parts[index])
-    sections[section] = mark.join(parts)
-    return b"\xfe".join(sections)
-
-
 def with_chest(content, column, row):
-    def chest(square):
-        values = square.split(b",")
-        values[1] = CHEST
-        return b",".join(values)
-
-    def chest_in(squares):
-        items = squares.split(b"\xfc")
-        items[12 * column + row] = chest(items[12 * column + row])
-        return b"\xfc".join(items)
-
-    return changed(content, 3, b"\xfb", 1, chest_in)
+    sections = content.split(b"\xfe")
+    squares = sections[3].split(b"\xfc")
+    marker, _, rest = squares[12 * column + row].split(b",", 2)
+    squares[12 * column + row] = b",".join([marker, CHEST, rest])
+    sections[3] = b"\xfc".join(squares)
+    return b"\xfe".join(sections)
 
 
 def placing(person, chance):

@@ -20,10 +20,10 @@ def answers(status, output, *arguments):
         fail(f"{arguments} got status {done.returncode} and {done.stdout + done.stderr!r}")
 
 
-def complains(person, map_path, complaint):
+def complains(person, complaint, *maps):
     """The window comes up all the same, with the blank map."""
     with open(person.home / "complaints", "w+b") as complaints:
-        running = person.start(map_path, complaints=complaints)
+        running = person.start(*maps, complaints=complaints)
         person.tool("windowfocus", person.window("^Quorrin Map Maker$"), "key", "ctrl+q")
         status = running.wait(20)
         complaints.seek(0)
@@ -43,6 +43,7 @@ with Person(*files) as person:
     person.tool("windowfocus", person.window("Quorrin Map Maker - edited$"), "key", "ctrl+q")
     if running.wait(20) != 0:
         fail(f"status {running.returncode}")
-    complains(person, person.home / "none.qrnm", b'there is no file "')
-    complains(person, person.home, b'" cannot be read')
+    complains(person, b'there is no file "-none.qrnm"', "--", "-none.qrnm")
+    complains(person, b'" cannot be read', person.home)
+    complains(person, b'only one map can be open; "two.qrnm" is left out', person.home / "one.qrnm", "two.qrnm")
 print("One click, one chest, nothing else.")

@@ -1,6 +1,6 @@
 #!/usr/bin/python3
-"""Refuses an include that climbs the ladder of the folders (docs/architecture.md), and Qt or the system where it does not
-belong."""
+"""Refuses an include that climbs the ladder of the folders (docs/architecture.md) or goes around it, and Qt or the system
+where they do not belong."""
 
 import re
 import sys
@@ -14,43 +14,60 @@ RUNGS = {
     "app": 5,
     "desktop": 6, "batch": 6,
 }
-FOR_EVERYONE = "app/Module1.h"
 # The toolkit's headers stay free of Qt, but for these; only the first is for the desktop, too.
-QT_HEADER = Path("toolkit/QtBridge.h")
-QT_HEADERS = {QT_HEADER} | {Path("toolkit", name) for name in
-                            ("CarriedArt.h", "LaidOutText.h", "Painting.h", "PictureDecoding.h", "PictureSource.h")}
+QT_HEADER = "toolkit/QtBridge.h"
+QT_HEADERS = {QT_HEADER} | {f"toolkit/{name}.h" for name in
+                            ("CarriedArt", "LaidOutText", "Painting", "PictureDecoding", "PictureSource",
+                              "Repainting")}
 # Of POSIX and Windows, some of which the other has, too.
 SYSTEM = re.compile(r"sys/|(unistd|fcntl|dirent|poll|pthread|pwd|spawn|io|windows)\.h$")
 SYSTEM_FILES = re.compile(r"(Posix|Windows)\.cpp$")
-INCLUDE = re.compile(r'^\s*#\s*include\s*(["<])([^">]+)[">]', re.MULTILINE)
+# The build makes it, so it lies in no folder of the ladder.
+MADE = "ArtPictures.inc"
+
+INCLUDE = re.compile(r"^[ \t]*#[ \t]*include\b[ \t]*(\S+).*$", re.MULTILINE)
+TEXT_OR_COMMENT = re.compile(r'"(?:\\.|[^"\\\n])*"|//[^\n]*|/\*.*?\*/', re.DOTALL)
+# A folder or header of Qt: QPainter, QtGui/QPainter, qpainter.h.
+QT_INCLUDE = re.compile(r"(^|/)(Qt?[A-Z]|q\w+\.h$)")
+# A class or macro of Qt in the code, which may be declared without an include.
+QT_NAME = re.compile(r"\b(?:Q(?!UORRIN_)[A-Z]\w*|Qt\b)")
 
 
-def may_include(folder, wanted):
-    return wanted == folder or RUNGS[wanted] < RUNGS[folder]
+def may_name_qt(here):
+    folder = here.parts[0]
+    return folder == "desktop" or str(here) in QT_HEADERS or (folder == "toolkit" and here.suffix == ".cpp")
 
 
-def may_name_qt(path):
-    folder = path.parts[0]
-    return folder == "desktop" or path in QT_HEADERS or (folder == "toolkit" and path.suffix == ".cpp")
+def fault_of_include(here, include):
+    name = include.strip('"<>')
+    folder = name.split("/")[0]
+    if ".." in name.split("/") or name.startswith("."):
+        return f"goes around the ladder: {name}"
+    if name in QT_HEADERS:
+        reachable = may_name_qt(here) and (here.parts[0] == "toolkit" or name == QT_HEADER)
+        return None if reachable else f"reaches behind the toolkit: {name}"
+    if folder in RUNGS:
+        own = here.parts[0]
+        fine = folder == own or RUNGS[folder] < RUNGS[own]
+        return None if fine else f"climbs: {name}"
+    if QT_INCLUDE.search(name):
+        if not may_name_qt(here):
+            return f"names Qt: {name}"
+        return None if include[0] == "<" else f"names Qt in quotes: {name}"
+    if SYSTEM.match(name) and not SYSTEM_FILES.search(here.name):
+        return f"names the system: {name}"
+    return None if include[0] == "<" or name == MADE else f"goes around the ladder: {name}"
 
 
 def faults(source):
     for path in sorted(source.rglob("*.*")):
-        if path.suffix not in {".h", ".cpp"}:
-            continue
         here = path.relative_to(source)
-        for bracket, name in INCLUDE.findall(path.read_text(encoding="utf-8")):
-            if bracket == "<":
-                if re.match(r"Q[A-Z]", name) and not may_name_qt(here):
-                    yield f"{here} names Qt: {name}"
-                if SYSTEM.match(name) and not SYSTEM_FILES.search(path.name):
-                    yield f"{here} names the system: {name}"
-            elif Path(name) in QT_HEADERS:
-                if not may_name_qt(here):
-                    yield f"{here} reaches behind the toolkit: {name}"
-            elif name != FOR_EVERYONE and name.split("/")[0] in RUNGS:
-                if not may_include(here.parts[0], name.split("/")[0]):
-                    yield f"{here} climbs: {name}"
+        text = path.read_text(encoding="utf-8")
+        found = [fault_of_include(here, include) for include in INCLUDE.findall(text)]
+        if not may_name_qt(here):
+            code = TEXT_OR_COMMENT.sub("", INCLUDE.sub("", text))
+            found += [f"names Qt: {name}" for name in QT_NAME.findall(code)]
+        yield from (f"{here} {fault}" for fault in found if fault)
 
 
 if __name__ == "__main__":

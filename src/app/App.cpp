@@ -1,6 +1,6 @@
 #include "app/App.h"
 
-#include "app/Module1.h"
+#include "document/Module1.h"
 #include "toolkit/Text.h"
 
 namespace quorrin {

@@ -1,5 +1,5 @@
-#include "app/Module1.h"
 #include "app/frmAbout.h"
+#include "document/Module1.h"
 #include "document/Window1.h"
 #include "toolkit/Platform.h"
 
@@ -48,7 +48,7 @@ void Window1::Event_Help()
 {
     constexpr const char* pages[] = {"", "script.html", "characters.html"};
     constexpr const char* tabs[] = {"background.html", "grid.html", "walls.html", "objects.html", "markers.html"};
-    Module1::OpenHelpPage(PagePanel1.Value > 0 ? pages[PagePanel1.Value] : tabs[TabPanel1.Value]);
+    Module1::OpenHelpPage(PagePanel1.Value != MapPage ? pages[PagePanel1.Value] : tabs[TabPanel1.Value]);
 }
 
 bool Window1::_mnuHelp_Action()

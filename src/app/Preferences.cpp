@@ -1,6 +1,6 @@
 #include "app/App.h"
-#include "app/Module1.h"
 #include "app/iniClass.h"
+#include "document/Module1.h"
 #include "toolkit/Platform.h"
 #include "toolkit/Text.h"
 

@@ -1,9 +1,9 @@
 #include "batch/MapJob.h"
 
 #include "app/App.h"
-#include "app/Module1.h"
 #include "characters/Roster.h"
 #include "document/DocumentName.h"
+#include "document/Module1.h"
 #include "document/Window1.h"
 #include "output/Export.h"
 #include "output/StripSheet.h"

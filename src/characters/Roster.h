@@ -7,7 +7,7 @@
 
 namespace quorrin {
 
-class Window1;
+class Map;
 
 /// The size of a token on the sheet.
 inline constexpr int tokenWidth = 60;
@@ -21,12 +21,12 @@ std::int64_t tokenAt(int x, int y);
 Frame tokenFrame(std::int64_t token);
 
 /// What a screen reader says of a place on the roster; empty beside the tokens.
-std::string describeToken(const Window1& window, int x, int y);
+std::string describeToken(const Map& map, int x, int y);
 
 /// The file name that is proposed for the sheet of a document; its name may be empty.
 std::string sheetFileName(const std::string& documentName);
 
 /// Draws the twenty tokens in their two rows, on the screen, on paper and into a file alike.
-void drawRoster(const Window1& window, Graphics& g);
+void drawRoster(const Map& map, Graphics& g);
 
 } // namespace quorrin

@@ -1,7 +1,7 @@
 #include "characters/frmCharacter.h"
 
-#include "app/Module1.h"
 #include "document/FileTypes1.h"
+#include "document/Module1.h"
 #include "document/Window1.h"
 #include "toolkit/Numbers.h"
 #include "toolkit/Platform.h"

@@ -1,19 +1,19 @@
 #include "desktop/DesktopPlatform.h"
 
+#include "desktop/AnyFileName.h"
 #include "desktop/DesktopStyle.h"
 #include "desktop/DesktopWindow.h"
 #include "desktop/Dialogs.h"
+#include "desktop/FileUrls.h"
 
 #include "toolkit/Application.h"
 #include "toolkit/QtBridge.h"
 
 #include <QApplication>
 #include <QDesktopServices>
-#include <QFileInfo>
 #include <QIcon>
 #include <QProcess>
 #include <QStandardPaths>
-#include <QUrl>
 
 namespace quorrin {
 
@@ -46,7 +46,7 @@ void DesktopPlatform::ShowModal(Window& window)
 
 bool DesktopPlatform::Launch(const FolderItem& file)
 {
-    const QUrl url = QUrl::fromLocalFile(QFileInfo(QtBridge::qtPath(file.Path())).absoluteFilePath());
+    const QUrl url = urlOf(file.Path());
     const QString opener = QStandardPaths::findExecutable(QStringLiteral("xdg-open"));
     return opener.isEmpty() ? QDesktopServices::openUrl(url) : runOpener(opener, url);
 }
@@ -68,6 +68,7 @@ void setUpDesktop()
     QApplication::setApplicationVersion(QString::fromStdString(Application::Version()));
     QApplication::setDesktopFileName(QStringLiteral("org.quorrin.mapmaker"));
     registerArt();
+    allowAnyFileName();
     QIcon icon;
     for (const auto* name : {"Icon32", "Icon128"})
         if (const auto drawn = Picture::OpenFromApp(name))

@@ -1,9 +1,12 @@
 #include "desktop/DesktopsOwnDialogs.h"
 
+#include "desktop/FileUrls.h"
+
+#include "toolkit/Files.h"
 #include "toolkit/Platform.h"
+#include "toolkit/QtBridge.h"
 
 #include <QFileDialog>
-#include <QFileInfo>
 #include <QLineEdit>
 
 #include <algorithm>
@@ -25,14 +28,14 @@ bool lacksExtension(const QString& name, const QStringList& extensions)
 
 std::optional<QString> chosenForSaving(QFileDialog& dialog, const QStringList& extensions)
 {
-    while (dialog.exec() == QDialog::Accepted && !dialog.selectedFiles().isEmpty()) {
-        const QString path = dialog.selectedFiles().constFirst();
+    while (dialog.exec() == QDialog::Accepted && !dialog.selectedUrls().isEmpty()) {
+        const QString path = qtPathOf(dialog.selectedUrls().constFirst());
         if (!lacksExtension(path, extensions))
             return path;
-        const QFileInfo file(path + extensions.constFirst());
-        if (!file.exists()
-            || Confirmed(file.fileName().toStdString() + " already exists.\nDo you want to replace it?", "Replace"))
-            return file.filePath();
+        const QString whole = path + extensions.constFirst();
+        const FolderItem file(QtBridge::plainPath(whole));
+        if (!file.Exists() || Confirmed(file.Name() + " already exists.\nDo you want to replace it?", "Replace"))
+            return whole;
     }
     return {};
 }

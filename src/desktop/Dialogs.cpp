@@ -2,6 +2,7 @@
 
 #include "desktop/DesktopPlatform.h"
 #include "desktop/DesktopsOwnDialogs.h"
+#include "desktop/FileUrls.h"
 #include "desktop/Folders.h"
 #include "desktop/QtText.h"
 
@@ -67,7 +68,7 @@ protected:
             edit->setText(name);
         }
         const QString chosen = selectedFiles().value(0);
-        if (!QFileInfo(chosen).isDir() && !(canBeWritten(chosen) && mayBeReplaced(chosen)))
+        if (!QFileInfo(chosen).isDir() && !canBeWritten(chosen))
             return;
         QFileDialog::accept();
     }
@@ -85,14 +86,6 @@ private:
         }
         quorrin::MsgBox(obstacle);
         return false;
-    }
-    /// Qt itself asks about all files but those that it does not find, whose names are no UTF-8.
-    bool mayBeReplaced(const QString& path)
-    {
-        const FolderItem file(QtBridge::plainPath(path));
-        return QFileInfo::exists(path) || !file.Exists()
-               || Confirmed(qtText(file.Name()).toStdString() + " already exists.\nDo you want to replace it?",
-                            "Replace");
     }
     bool isWithoutExtension(const QString& name) const
     {
@@ -116,7 +109,7 @@ std::unique_ptr<QFileDialog> saveDialog(bool desktops, const QStringList& extens
 /// own first extension.
 void prepare(QFileDialog& dialog, const QStringList& filters, const QString& name = {})
 {
-    dialog.setDirectory(startFolder(kindOfFile(filters.join(' '))));
+    dialog.setDirectory(QtBridge::qtPath(startFolder(kindOfFile(filters.join(' ')))));
     if (!filters.empty())
         dialog.setNameFilters(filters);
     if (!name.isEmpty())
@@ -125,17 +118,18 @@ void prepare(QFileDialog& dialog, const QStringList& filters, const QString& nam
 
 std::optional<QString> chosenFile(QFileDialog& dialog)
 {
-    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedUrls().isEmpty())
         return {};
-    return dialog.selectedFiles().constFirst();
+    return qtPathOf(dialog.selectedUrls().constFirst());
 }
 
 Ref<FolderItem> taken(const std::optional<QString>& path, const QStringList& filters)
 {
     if (!path)
         return nullptr;
-    rememberFolder(kindOfFile(filters.join(' ')), *path);
-    return New<FolderItem>(QtBridge::plainPath(*path));
+    auto file = New<FolderItem>(QtBridge::plainPath(*path));
+    rememberFolder(kindOfFile(filters.join(' ')), *file);
+    return file;
 }
 
 /// Makes a message wide enough for its title, of which short messages would show a piece alone.
@@ -224,7 +218,7 @@ Ref<FolderItem> DesktopPlatform::GetSaveFolderItem(const FileFilter& filter, con
     const bool desktops = desktopHasFileDialogs();
     const auto dialog = saveDialog(desktops, extensions);
     prepare(*dialog, filters, name);
-    const auto file = taken(desktops ? chosenForSaving(*dialog, extensions) : chosenFile(*dialog), filters);
+    auto file = taken(desktops ? chosenForSaving(*dialog, extensions) : chosenFile(*dialog), filters);
     if (chosenKind)
         *chosenKind = static_cast<std::size_t>(std::max<qsizetype>(0, filters.indexOf(dialog->selectedNameFilter())));
     return file;

@@ -2,6 +2,7 @@
 
 #include "toolkit/Platform.h"
 
+class QPrinter;
 class QWidget;
 
 namespace quorrin {
@@ -10,5 +11,9 @@ namespace quorrin {
 
 /// The window that the person looks at: the dialog that waits, else the main window; nil when none is shown.
 QWidget* frontWidget();
+
+/// The copies that a person chose for a printer, which makes one from now on: each print makes its copies itself, or has
+/// its own reason to make one.
+int takeCopies(QPrinter& printer);
 
 } // namespace quorrin

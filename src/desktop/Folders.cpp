@@ -4,8 +4,10 @@
 #include "toolkit/QtBridge.h"
 
 #include <QDir>
-#include <QFileInfo>
 #include <QStandardPaths>
+
+#include <cstdlib>
+#include <filesystem>
 
 namespace quorrin {
 
@@ -14,9 +16,9 @@ namespace {
 constexpr auto section = "Folders";
 
 /// The folder of the last file of this run.
-QString& lastFolder()
+std::string& lastFolder()
 {
-    static QString folder;
+    static std::string folder;
     return folder;
 }
 
@@ -30,11 +32,17 @@ std::string keyOf(FileKind kind)
     return kind == FileKind::Map ? "Maps" : "Pictures";
 }
 
-QString rememberedFolder(FileKind kind)
+std::string rememberedFolder(FileKind kind)
 {
     std::string path;
     remembered().GetPreference(section, keyOf(kind), path);
-    return QtBridge::qtPath(path);
+    return path;
+}
+
+bool isFolder(const std::string& path)
+{
+    std::error_code ignored;
+    return std::filesystem::is_directory(path, ignored);
 }
 
 } // namespace
@@ -44,30 +52,31 @@ FileKind kindOfFile(const QString& nameOrFilter)
     return nameOrFilter.contains(QLatin1String(".qrnm"), Qt::CaseInsensitive) ? FileKind::Map : FileKind::Picture;
 }
 
-QString startFolder(FileKind kind)
+std::string startFolder(FileKind kind)
 {
-    for (const QString& folder :
-         {rememberedFolder(kind), lastFolder(), QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation)})
-        if (!folder.isEmpty() && QFileInfo(folder).isDir())
+    const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    for (const auto& folder : {rememberedFolder(kind), lastFolder(), QtBridge::plainPath(documents)})
+        if (isFolder(folder))
             return folder;
-    return QDir::homePath();
+    const char* home = std::getenv("HOME");
+    return home ? home : QtBridge::plainPath(QDir::homePath());
 }
 
-void rememberFolder(FileKind kind, const QString& file)
+void rememberFolder(FileKind kind, const FolderItem& file)
 {
-    const QString folder = QFileInfo(file).absolutePath();
+    std::error_code ignored;
+    const auto folder = std::filesystem::absolute(file.Path(), ignored).lexically_normal().parent_path().string();
     lastFolder() = folder;
     // The file of the folders has lines.
-    if (folder == rememberedFolder(kind) || folder.contains('\r') || !QFileInfo(folder).isDir())
+    if (folder == rememberedFolder(kind) || folder.find('\r') != folder.npos || !isFolder(folder))
         return;
     SpecialFolder::State()->CreateAsFolder();
-    remembered().SetPreference(section, keyOf(kind), QtBridge::plainPath(folder));
+    remembered().SetPreference(section, keyOf(kind), folder);
 }
 
 void rememberFolderOf(const FolderItem& file)
 {
-    const QString path = QtBridge::qtPath(file.Path());
-    rememberFolder(kindOfFile(path), path);
+    rememberFolder(kindOfFile(QtBridge::qtPath(file.Path())), file);
 }
 
 } // namespace quorrin

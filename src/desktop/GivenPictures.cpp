@@ -1,5 +1,6 @@
 #include "desktop/GivenPictures.h"
 
+#include "desktop/FileUrls.h"
 #include "desktop/LastResort.h"
 
 #include "toolkit/Files.h"
@@ -11,7 +12,6 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QMimeData>
-#include <QUrl>
 
 #include <algorithm>
 #include <array>
@@ -27,7 +27,7 @@ const std::array pictureFormats{QStringLiteral("image/png"), QStringLiteral("ima
 QString fileIn(const QMimeData& data)
 {
     const QList<QUrl> urls = data.urls();
-    return urls.isEmpty() ? QString() : urls.constFirst().toLocalFile();
+    return urls.isEmpty() ? QString() : qtPathOf(urls.constFirst());
 }
 
 QString pictureFormatIn(const QMimeData& data)

@@ -8,11 +8,12 @@
 #include "toolkit/QtBridge.h"
 
 #include <QComboBox>
-#include <QDir>
 #include <QLineEdit>
 #include <QPageSetupDialog>
 #include <QPrintDialog>
 #include <QPrinter>
+
+#include <filesystem>
 
 namespace quorrin {
 
@@ -45,6 +46,13 @@ void offerColorModeToPrintersOnly(QPrintDialog& dialog, const QPrinter& printer)
 
 } // namespace
 
+int takeCopies(QPrinter& printer)
+{
+    const int copies = printer.copyCount();
+    printer.setCopyCount(1);
+    return copies;
+}
+
 std::unique_ptr<Graphics> DesktopPlatform::OpenPrinterDialog(const PrinterSetup& setup, Window&,
                                                              const std::string& title)
 {
@@ -59,18 +67,16 @@ std::unique_ptr<Graphics> DesktopPlatform::OpenPrinterDialog(const PrinterSetup&
             widget->setEnabled(false);
     offerColorModeToPrintersOnly(dialog, *printer);
     if (auto* fileName = dialog.findChild<QLineEdit*>(QStringLiteral("filename")))
-        fileName->setText(QDir(startFolder(FileKind::Map)).filePath(qtText(title) + ".pdf"));
+        fileName->setText(QtBridge::qtPath(std::filesystem::path(startFolder(FileKind::Map)) / (title + ".pdf")));
     if (dialog.exec() != QDialog::Accepted)
         return nullptr;
-    const int copies = printer->copyCount();
+    const int copies = takeCopies(*printer);
     if (printer->outputFormat() == QPrinter::PdfFormat) {
         PrinterSetup chosen;
         QtBridge::readSetup(*printer, chosen);
         return printToPdf(QtBridge::plainPath(printer->outputFileName()), chosen, copies,
                           [](const std::string& fault) { reportFault(fault.c_str()); });
     }
-    // Each print makes its copies itself, or has its own reason to make one.
-    printer->setCopyCount(1);
     auto graphics = QtBridge::graphics(std::unique_ptr<QPagedPaintDevice>(std::move(printer)));
     graphics->Copies = copies;
     return graphics;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "document/Rows.h"
+
 #include <cstdint>
 
 namespace quorrin {
@@ -20,10 +22,15 @@ struct Board {
 inline constexpr Board landscapeBoard{12, 8, 7, 42};
 inline constexpr Board portraitBoard{8, 12, 38, 7};
 
-/// By the row of pmLandscape: 0 landscape, anything else portrait.
+/// By the row of pmLandscape, of which all but the one for landscape count as portrait.
+constexpr bool isPortrait(std::int64_t orientation)
+{
+    return orientation != Orientation::Landscape;
+}
+
 constexpr const Board& boardOf(std::int64_t orientation)
 {
-    return orientation == 0 ? landscapeBoard : portraitBoard;
+    return isPortrait(orientation) ? portraitBoard : landscapeBoard;
 }
 
 } // namespace quorrin

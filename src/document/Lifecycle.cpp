@@ -1,6 +1,6 @@
-#include "app/Module1.h"
 #include "document/DocumentName.h"
 #include "document/FileTypes1.h"
+#include "document/Module1.h"
 #include "document/Window1.h"
 #include "toolkit/Platform.h"
 
@@ -33,6 +33,17 @@ bool Window1::mayGoOn(const std::string& message)
     return false;
 }
 
+void Window1::Initialize()
+{
+    MakeAnew();
+    btnCharacterTool.Value = false;
+    btnCharacterTool.Enabled = true;
+    bbScriptTool.Value = false;
+    bbScriptTool.Enabled = true;
+    gbDMObjects.Enabled = true;
+    didMazePrompt = false;
+}
+
 void Window1::Event_Open()
 {
     Initialize();
@@ -49,9 +60,9 @@ bool Window1::_mnuNew_Action()
     if (!mayGoOn("Save current changes?"))
         return false;
     Initialize();
-    pmLandscape.ListIndex = 0;
-    pmBackground.ListIndex = 0;
-    pmGrid.ListIndex = 0;
+    pmLandscape.ListIndex = Orientation::Landscape;
+    pmBackground.ListIndex = Background::White;
+    pmGrid.ListIndex = Grid::None;
     cbShowClickable.Value = false;
     ClearAllWallChecks();
     rWallColor.FillColor = black;
@@ -59,7 +70,7 @@ bool Window1::_mnuNew_Action()
                              &pmObjectLayer, &pmObjects, &pmColorBW})
         popup->ListIndex = 0;
     cbShowDMObjects.Value = false;
-    pmDM.ListIndex = 0;
+    pmDM.ListIndex = blank;
     RenderMap(true);
     isDirty = false;
     return true;

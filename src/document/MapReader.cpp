@@ -1,5 +1,5 @@
-#include "app/Module1.h"
 #include "document/MapMarks.h"
+#include "document/Module1.h"
 #include "document/Window1.h"
 #include "toolkit/Numbers.h"
 #include "toolkit/Platform.h"
@@ -49,30 +49,25 @@ std::string withSingleByteMarks(std::string text)
     return text;
 }
 
-void readSquares(const std::string& list, const Window1::Layer& squares)
+void readSquares(const std::string& list, Layer& squares)
 {
     const auto items = parts(list, ItemMark);
     std::int64_t n = 0;
-    for (int i = 1; i <= Window1::columns; ++i) {
-        for (int j = 1; j <= Window1::rows; ++j) {
-            const auto values = parts(items(n++), ",");
-            cSquare& square = *squares(i, j);
-            square.thisDM = integer(values(0));
-            square.thisObject = integer(values(1));
-            square.Visible = Val(values(2)) != 0;
-            square.x = integer(values(3));
-            square.y = integer(values(4));
-        }
-    }
+    forEachSquare(squares, [&](cSquare& square) {
+        const auto values = parts(items(n++), ",");
+        square.thisDM = integer(values(0));
+        square.thisObject = integer(values(1));
+        square.Visible = Val(values(2)) != 0;
+        square.x = integer(values(3));
+        square.y = integer(values(4));
+    });
 }
 
-void readWalls(const std::string& section, const Window1::Layer& squares)
+void readWalls(const std::string& section, Layer& squares)
 {
     const auto items = parts(section, ItemMark);
     std::int64_t n = 0;
-    for (int i = 1; i <= Window1::columns; ++i)
-        for (int j = 1; j <= Window1::rows; ++j)
-            squares(i, j)->Wall = New<cWall>(items(n++));
+    forEachSquare(squares, [&](cSquare& square) { square.Wall = New<cWall>(items(n++)); });
 }
 
 /// The first section; false when it is too short to be one of a map.
@@ -204,7 +199,7 @@ void Window1::mOpen(const Ref<FolderItem>& file)
             if (ReadMapText(stream->ReadAll())) {
                 SetSavedFileName(file);
                 bbScriptTool.Value = false;
-                PagePanel1.Value = 0;
+                PagePanel1.Value = MapPage;
             } else {
                 MsgBox("Error opening saved file.");
             }

@@ -1,6 +1,6 @@
-#include "app/Module1.h"
 #include "document/FileTypes1.h"
 #include "document/MapMarks.h"
+#include "document/Module1.h"
 #include "document/Window1.h"
 #include "toolkit/Platform.h"
 #include "toolkit/Text.h"
@@ -24,18 +24,15 @@ std::string field(const CheckBox& box)
     return field(box.Value ? "1" : "0");
 }
 
-/// Visits the squares in the order of the file: down the columns, from the left.
 template <typename Text>
-std::string items(const Window1::Layer& squares, Text text)
+std::string items(const Layer& squares, Text text)
 {
     std::string all;
-    for (int i = 1; i <= Window1::columns; ++i)
-        for (int j = 1; j <= Window1::rows; ++j)
-            all += text(*squares(i, j)) + ItemMark;
+    forEachSquare(squares, [&](const cSquare& square) { all += text(square) + ItemMark; });
     return all;
 }
 
-std::string squareItems(const PopupMenu& colorMode, const Window1::Layer& squares)
+std::string squareItems(const PopupMenu& colorMode, const Layer& squares)
 {
     return Str(colorMode.ListIndex) + GroupMark + items(squares, [](const cSquare& square) { return square.toSave(); });
 }

@@ -1,15 +1,16 @@
+#include "document/Map.h"
 #include "document/MapMarks.h"
-#include "document/Window1.h"
+#include "toolkit/FrozenPicture.h"
 #include "toolkit/Text.h"
 
 namespace quorrin {
 
-std::string Window1::ConvertPictureToData(const Ref<Picture>& picture)
+std::string Map::ConvertPictureToData(const Ref<Picture>& picture)
 {
     return EncodeBase64(FrozenPicture(*picture).FlattenedPng(), base64Line);
 }
 
-Ref<Picture> Window1::ConvertDataToPicture(const std::string& text)
+Ref<Picture> Map::ConvertDataToPicture(const std::string& text)
 {
     if (Trim(text).empty())
         return nullptr;

@@ -1,5 +1,5 @@
-#include "app/Module1.h"
 #include "document/MapMarks.h"
+#include "document/Module1.h"
 #include "document/cSquare.h"
 #include "toolkit/Numbers.h"
 #include "toolkit/Text.h"
@@ -29,7 +29,7 @@ bool isOne(const std::string& text)
 } // namespace
 
 cWall::cWall(bool Top, bool Bottom, bool Left, bool Right, bool Slash, bool BackSlash)
-    : Top(Top), Bottom(Bottom), Left(Left), Right(Right), Slash(Slash), BackSlash(BackSlash)
+    : cWall(Top, Bottom, Left, Right, Slash, BackSlash, false, false, false, false, black)
 {}
 
 cWall::cWall(bool Top, bool Bottom, bool Left, bool Right, bool Slash, bool BackSlash, bool DoorTop, bool DoorBottom,
@@ -41,28 +41,30 @@ cWall::cWall(bool Top, bool Bottom, bool Left, bool Right, bool Slash, bool Back
 cWall::cWall(const std::string& text)
 {
     const auto values = parts(text, ",");
+    const auto read = [&](bool doors) {
+        for (const WallFlag& wall : wallFlags)
+            if (wall.isDoor() == doors)
+                this->*wall.flag = isOne(values(wall.position));
+    };
     if (values.UBound() < 5)
         return;
-    Top = isOne(values(0));
-    Left = isOne(values(1));
-    Bottom = isOne(values(2));
-    Right = isOne(values(3));
-    Slash = isOne(values(4));
-    BackSlash = isOne(values(5));
+    read(false);
     if (values.UBound() <= 6)
         return;
-    DoorTop = isOne(values(6));
-    DoorLeft = isOne(values(7));
-    DoorBottom = isOne(values(8));
-    DoorRight = isOne(values(9));
+    read(true);
     if (values.UBound() >= 10 && !Trim(values(10)).empty())
         myColor = Module1::ColorFromHexString(values(10));
 }
 
 std::string cWall::toSave() const
 {
-    return value(Top) + value(Left) + value(Bottom) + value(Right) + value(Slash) + value(BackSlash) + value(DoorTop)
-           + value(DoorLeft) + value(DoorBottom) + value(DoorRight) + Module1::Color2HexString(myColor) + ",";
+    std::string flags[std::size(wallFlags)];
+    for (const WallFlag& wall : wallFlags)
+        flags[wall.position] = value(this->*wall.flag);
+    std::string text;
+    for (const auto& flag : flags)
+        text += flag;
+    return text + Module1::Color2HexString(myColor) + ",";
 }
 
 std::string cSquare::toSave() const

@@ -1,11 +1,9 @@
 #pragma once
 
+#include "document/Board.h"
+#include "document/Map.h"
 #include "document/MapSnapshot.h"
 #include "document/Rows.h"
-#include "document/cCharacter.h"
-#include "document/cScript.h"
-#include "document/cSquare.h"
-#include "toolkit/Arrays.h"
 #include "toolkit/Files.h"
 #include "toolkit/Window.h"
 
@@ -15,9 +13,10 @@
 
 namespace quorrin {
 
-/// The main window, and the centre of the system: it holds the open map, the controls that are part of it, and what can
-/// be done with both. This is the map of the application; each section's operations are defined in the folder named.
-class Window1 : public Window {
+/// The main window, and the centre of the system: it is the open map with the controls that are part of it, and tells
+/// what can be done with both. This is the map of the application; each section's operations are defined in the folder
+/// named.
+class Window1 : public Window, public Map {
 public:
     Window1(); // src/app, as the next two
     ~Window1() override;
@@ -26,23 +25,10 @@ public:
 
     // --- The document (src/document) ---------------------------------------------------------------------------
 
-    static constexpr int columns = 12;
-    static constexpr int rows = 12;
-    static constexpr int characters = 20;
-    /// The sides of a page in page pixels; landscape is longSide wide.
-    static constexpr int longSide = 756;
-    static constexpr int shortSide = 576;
-    using Layer = Array2<Ref<cSquare>, columns>;
-
-    /// The layers, addressed by column and row from 1; index 0 stays nil and is never read.
-    Layer mySquares;
-    Layer mySquaresTop;
-    Array<Ref<cCharacter>, characters> myCharacters;
-    Ref<cScript> myScript;
     /// The layer on which objects are drawn: the one that pmObjectLayer shows.
-    Layer& DrawingLayer() { return pmObjectLayer.ListIndex == 0 ? mySquares : mySquaresTop; }
-    /// The free drawing, nil for none.
-    Ref<Picture> UserPicture;
+    Layer& DrawingLayer() { return pmObjectLayer.ListIndex == ObjectLayer::Bottom ? mySquares : mySquaresTop; }
+    bool isPortrait() const { return quorrin::isPortrait(pmLandscape.ListIndex); }
+    const Board& board() const { return boardOf(pmLandscape.ListIndex); }
     /// The page as it was last composed.
     Ref<Picture> myImage;
     /// The preview of the wall panel.
@@ -58,11 +44,8 @@ public:
     /// A maze was confirmed since the document was made.
     bool didMazePrompt = false;
 
-    /// Makes squares, script and characters anew. Leaves the controls, the user picture, the name and isDirty.
+    /// Makes squares, script and characters anew. Leaves the settings, the user picture, the name and isDirty.
     void Initialize();
-    /// Places and shows the squares of the bottom layer: 0 landscape, anything else portrait.
-    void SetSquaresVisible(std::int64_t orientation);
-    void SetTopSquaresVisible(std::int64_t orientation);
 
     void Event_Open() override;
     bool Event_CancelClose(bool appQuitting) override;
@@ -97,26 +80,18 @@ public:
         bool isDirty;
     };
     std::optional<PutAside> putAside;
-    /// A picture as text of the map file, flattened on white.
-    static std::string ConvertPictureToData(const Ref<Picture>& picture);
-    /// The picture of such a text, its white clear; nil when the text holds none.
-    Ref<Picture> ConvertDataToPicture(const std::string& text);
 
     // --- Composition (src/render) ------------------------------------------------------------------------------
 
     /// Composes the page anew into myImage.
     void RenderMap(bool includeUserPicture);
-    /// A new tile of 56 by 56 of an object in a colour mode (row of pmColorBW); clear for an unknown number.
-    Ref<Picture> DrawObject(std::int64_t objectNumber, std::int64_t colorMode);
-    /// A new tile of 56 by 56 of a marker; clear for an unknown number.
-    Ref<Picture> DrawDM(std::int64_t markerNumber);
-    /// Keeps the tile of a wall as the panel's preview.
-    void RenderWall(const Ref<cWall>& wall);
 
     // --- The tool panels (src/edit) ----------------------------------------------------------------------------
 
     /// The tabs are the tools: the one that shows says what a click on the map does.
     enum Tool { BackgroundTool, GridTool, WallTool, ObjectTool, MarkerTool };
+    /// The pages on the right.
+    enum Page { MapPage, ScriptPage, CharactersPage };
     void TabPanel1_Change();
 
     void pmLandscape_Change();
@@ -148,6 +123,8 @@ public:
     void btnWallMaze_Action(); // src/maze
     /// Shows the wall set of the check boxes as the preview; no square changes.
     void NewWall();
+    /// Keeps the tile of a wall as the panel's preview.
+    void RenderWall(const Ref<cWall>& wall);
     /// The wall set of the check boxes and the colour well.
     Ref<cWall> ChosenWall();
 
@@ -237,7 +214,7 @@ public:
         surface(), {20, 20, 292, 756}, {"Background", "Grid", "Walls", "Objects", "DM"}, &Window1::TabPanel1_Change};
 
     // Tab "Background"
-    const Place backgroundTab = TabPanel1.Page(0);
+    const Place backgroundTab = TabPanel1.Page(BackgroundTool);
     PopupMenu pmLandscape{backgroundTab, {40, 58, 252, 22}, landscapeRows, &Window1::pmLandscape_Change};
     PopupMenu pmBackground{backgroundTab, {40, 92, 252, 22}, backgroundRows, &Window1::pmBackground_Change};
     PushButton PushButton2{backgroundTab, {40, 126, 252, 22}, "Edit User Picture", &Window1::PushButton2_Action};
@@ -255,12 +232,12 @@ public:
     PopupMenu pmBorderRight{backgroundTab, {128, 338, 164, 22}, borderRows, &Window1::pmBorderRight_Change};
 
     // Tab "Grid"
-    const Place gridTab = TabPanel1.Page(1);
+    const Place gridTab = TabPanel1.Page(GridTool);
     PopupMenu pmGrid{gridTab, {40, 58, 252, 22}, gridRows, &Window1::pmGrid_Change};
     CheckBox cbShowClickable{gridTab, {40, 92, 229, 20}, "Show Clickable Regions", &Window1::cbShowClickable_Action};
 
     // Tab "Walls"
-    const Place wallsTab = TabPanel1.Page(2);
+    const Place wallsTab = TabPanel1.Page(WallTool);
     Label Label3{wallsTab, {40, 58, 107, 20}, "Walls"};
     CheckBox CheckBox1{wallsTab, {40, 90, 107, 20}, "Top", &Window1::CheckBox1_Action};
     CheckBox CheckBox2{wallsTab, {40, 122, 107, 20}, "Bottom", &Window1::CheckBox2_Action};
@@ -285,7 +262,7 @@ public:
     PushButton btnWallMaze{wallsTab, {40, 441, 252, 22}, "Generate Maze", &Window1::btnWallMaze_Action};
 
     // Tab "Objects"
-    const Place objectsTab = TabPanel1.Page(3);
+    const Place objectsTab = TabPanel1.Page(ObjectTool);
     Label Label9{objectsTab, {40, 58, 252, 20}, "Visible Layers"};
     PopupMenu pmVisibleLayers{objectsTab, {40, 90, 252, 22}, visibleLayerRows, &Window1::pmVisibleLayers_Change};
     Label Label7{objectsTab, {40, 139, 252, 20}, "Drawing Layer"};
@@ -304,7 +281,7 @@ public:
     PushButton btnMaze{objectsTab, {40, 441, 252, 22}, "Generate Maze", &Window1::btnMaze_Action};
 
     // Tab "DM"
-    const Place dmTab = TabPanel1.Page(4);
+    const Place dmTab = TabPanel1.Page(MarkerTool);
     GroupBox gbDMObjects{dmTab, {40, 58, 252, 168}};
     CheckBox cbShowDMObjects{
         gbDMObjects, {60, 78, 212, 20}, "Show Dungeon Master Objects", &Window1::cbShowDMObjects_Action, true};
@@ -320,7 +297,7 @@ public:
     // The pages on the right
     PagePanel PagePanel1{surface(), {324, 20, 760, 769}, 3};
 
-    const Place mapPage = PagePanel1.Page(0);
+    const Place mapPage = PagePanel1.Page(MapPage);
     Canvas Canvas1{mapPage,
                    {326, 22, 756, 576},
                    MouseHandlers<Window1>{.Paint = &Window1::Canvas1_Paint,
@@ -329,14 +306,14 @@ public:
                                           .ConstructContextualMenu = &Window1::Canvas1_ConstructContextualMenu,
                                           .ContextualMenuAction = &Window1::Canvas1_ContextualMenuAction}};
 
-    const Place scriptPage = PagePanel1.Page(1);
+    const Place scriptPage = PagePanel1.Page(ScriptPage);
     Label Label1{scriptPage, {344, 28, 720, 20}, "Monsters:"};
     TextArea txtMonster{scriptPage, {344, 53, 720, 100}, &Window1::txtMonster_TextChange};
     Label Label2{scriptPage, {344, 185, 720, 20}, "Game Text:"};
     TextArea txtGameText{scriptPage, {344, 217, 720, 375}, &Window1::txtGameText_TextChange};
     PushButton btnPrint{scriptPage, {344, 604, 100, 22}, "Print Script", &Window1::btnPrint_Action};
 
-    const Place charactersPage = PagePanel1.Page(2);
+    const Place charactersPage = PagePanel1.Page(CharactersPage);
     Canvas cvCharacters{charactersPage,
                         {326, 21, 756, 576},
                         MouseHandlers<Window1>{.Paint = &Window1::cvCharacters_Paint,

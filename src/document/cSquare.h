@@ -18,7 +18,7 @@ public:
     /// Top left corner in page pixels.
     std::int64_t x = 0;
     std::int64_t y = 0;
-    Ref<cWall> Wall;
+    Owned<cWall> Wall;
     /// Row of pmObjects: 0 blank, 1 to 123 the catalogue, 124 to 143 the characters.
     std::int64_t thisObject = 0;
     /// Row of pmDM: 0 blank, 1 the heros, 2 to 21 the numbers 1 to 20.

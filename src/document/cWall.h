@@ -3,6 +3,7 @@
 #include "toolkit/Color.h"
 #include "toolkit/Ref.h"
 
+#include <cstdint>
 #include <string>
 
 namespace quorrin {
@@ -41,6 +42,26 @@ public:
     Ref<Picture> Render() const;
     /// The text form of the map file.
     std::string toSave() const;
+};
+
+/// One wall or door, and what it is called.
+struct WallFlag {
+    bool cWall::*flag;
+    /// Which value of the text form it is, from 0; the doors follow on the walls there.
+    std::int64_t position;
+    const char* caption;
+    const char* side;
+
+    constexpr bool isDoor() const { return position >= 6; }
+};
+
+/// All of them in the order of the panel, of menus and of descriptions.
+inline constexpr WallFlag wallFlags[] = {
+    {&cWall::Top, 0, "Top Wall", "top"},        {&cWall::Bottom, 2, "Bottom Wall", "bottom"},
+    {&cWall::Left, 1, "Left Wall", "left"},     {&cWall::Right, 3, "Right Wall", "right"},
+    {&cWall::Slash, 4, "Slash Wall", "slash"},  {&cWall::BackSlash, 5, "Backslash Wall", "backslash"},
+    {&cWall::DoorTop, 6, "Door Top", "top"},    {&cWall::DoorBottom, 8, "Door Bottom", "bottom"},
+    {&cWall::DoorLeft, 7, "Door Left", "left"}, {&cWall::DoorRight, 9, "Door Right", "right"},
 };
 
 } // namespace quorrin

@@ -7,17 +7,9 @@ namespace quorrin {
 
 namespace {
 
-template <typename Edit>
-void forEachSquare(const Window1::Layer& squares, Edit edit)
-{
-    for (int i = 1; i <= Window1::columns; ++i)
-        for (int j = 1; j <= Window1::rows; ++j)
-            edit(*squares(i, j));
-}
-
 void clearObject(cSquare& square)
 {
-    square.thisObject = 0;
+    square.thisObject = blank;
 }
 
 } // namespace
@@ -35,8 +27,9 @@ bool Window1::_mnuClearAllObjects_Action()
 
 bool Window1::_mnuClearObjectCurLayer_Action()
 {
-    const auto question = pmObjectLayer.ListIndex == 0 ? "Clear all bottom layer objects? This cannot be undone."
-                                                       : "Clear all top layer objects? This cannot be undone.";
+    const auto question = pmObjectLayer.ListIndex == ObjectLayer::Bottom
+                              ? "Clear all bottom layer objects? This cannot be undone."
+                              : "Clear all top layer objects? This cannot be undone.";
     if (!Confirmed(question, "Clear Objects"))
         return true;
     forEachSquare(DrawingLayer(), clearObject);
@@ -60,7 +53,7 @@ bool Window1::_mnuClearAllWalls_Action()
 void Window1::btnClearAllSquares_Action()
 {
     forEachSquare(DrawingLayer(), [this](cSquare& square) {
-        if (square.Visible && square.thisObject == 0)
+        if (square.Visible && square.thisObject == blank)
             square.thisObject = pmObjects.ListIndex;
     });
     RenderMap(true);

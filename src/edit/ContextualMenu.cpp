@@ -17,27 +17,6 @@ const std::string objectPrefix = "Object-";
 const std::string markerPrefix = "DM-";
 constexpr auto clearWalls = "Clear Walls";
 
-/// The menu of the tool "Walls", and what each entry turns over in a wall set.
-struct WallEntry {
-    const char* text;
-    bool cWall::*flag = nullptr;
-};
-constexpr WallEntry wallEntries[] = {
-    {"Toggle Top Wall", &cWall::Top},
-    {"Toggle Bottom Wall", &cWall::Bottom},
-    {"Toggle Left Wall", &cWall::Left},
-    {"Toggle Right Wall", &cWall::Right},
-    {"Toggle Slash Wall", &cWall::Slash},
-    {"Toggle Backslash Wall", &cWall::BackSlash},
-    {"-"},
-    {"Toggle Door Top", &cWall::DoorTop},
-    {"Toggle Door Bottom", &cWall::DoorBottom},
-    {"Toggle Door Left", &cWall::DoorLeft},
-    {"Toggle Door Right", &cWall::DoorRight},
-    {"-"},
-    {clearWalls},
-};
-
 /// The menu of the tools that edit nothing.
 struct SwitchEntry {
     const char* text;
@@ -49,20 +28,25 @@ constexpr SwitchEntry switchEntries[] = {
     {"Switch to DM", Window1::MarkerTool},
 };
 
-template <typename Entries>
-void append(MenuItem& base, const Entries& entries)
+void append(MenuItem& base, const std::string& text)
 {
-    for (const auto& entry : entries)
-        base.Append(New<MenuItem>(entry.text));
+    base.Append(New<MenuItem>(text));
 }
 
-/// The entry with that text, nil when there is none.
-template <typename Entries>
-auto find(const Entries& entries, const std::string& text)
+std::string toggleText(const WallFlag& wall)
 {
-    const auto found =
-        std::find_if(std::begin(entries), std::end(entries), [&](const auto& entry) { return entry.text == text; });
-    return found == std::end(entries) ? nullptr : &*found;
+    return std::string("Toggle ") + wall.caption;
+}
+
+void appendWallEntries(MenuItem& base)
+{
+    for (const WallFlag& wall : wallFlags) {
+        if (wall.flag == &cWall::DoorTop)
+            append(base, "-");
+        append(base, toggleText(wall));
+    }
+    append(base, "-");
+    append(base, clearWalls);
 }
 
 std::int64_t numberInTag(const std::string& tag)
@@ -77,7 +61,8 @@ bool Window1::Canvas1_ConstructContextualMenu(MenuItem& base, int x, int y)
 {
     const int tool = TabPanel1.Value;
     if (tool == BackgroundTool || tool == GridTool) {
-        append(base, switchEntries);
+        for (const auto& entry : switchEntries)
+            append(base, entry.text);
         return true;
     }
     const auto square = squareAt(tool == ObjectTool ? DrawingLayer() : mySquares, x, y);
@@ -85,7 +70,7 @@ bool Window1::Canvas1_ConstructContextualMenu(MenuItem& base, int x, int y)
         return false;
     RightClickObject = square;
     if (tool == WallTool)
-        append(base, wallEntries);
+        appendWallEntries(base);
     else if (tool == ObjectTool)
         ShowObjectPopupMenu(base, objectPrefix);
     else
@@ -103,12 +88,13 @@ bool Window1::Canvas1_ContextualMenuAction(const MenuItem& chosen)
         RightClickObject->thisDM = pmDM.ListIndex;
     } else if (chosen.Text == clearWalls) {
         RightClickObject->Wall = New<cWall>();
-    } else if (const auto* entry = find(wallEntries, chosen.Text); entry && entry->flag) {
-        bool& flag = (*RightClickObject->Wall).*entry->flag;
+    } else if (const auto* wall = std::ranges::find(wallFlags, chosen.Text, toggleText); wall != std::end(wallFlags)) {
+        bool& flag = (*RightClickObject->Wall).*wall->flag;
         flag = !flag;
     } else {
-        if (const auto* change = find(switchEntries, chosen.Text))
-            TabPanel1.Value = change->tool;
+        const auto* entry = std::ranges::find(switchEntries, chosen.Text, &SwitchEntry::text);
+        if (entry != std::end(switchEntries))
+            TabPanel1.Value = entry->tool;
         return false;
     }
     RenderMap(true);

@@ -14,22 +14,23 @@ bool reaches(std::int64_t corner, std::int64_t place)
 
 } // namespace
 
-std::optional<Cell> cellAt(const Window1::Layer& squares, std::int64_t x, std::int64_t y)
+std::optional<Cell> cellAt(const Layer& squares, std::int64_t x, std::int64_t y)
 {
-    for (int i = 1; i <= Window1::columns; ++i) {
-        for (int j = 1; j <= Window1::rows; ++j) {
-            const cSquare& square = *squares(i, j);
-            if (square.Visible && reaches(square.x, x) && reaches(square.y, y))
-                return Cell{i, j};
-        }
-    }
-    return {};
+    std::optional<Cell> first;
+    forEachCell([&](int column, int row) {
+        const cSquare& square = *squares(column, row);
+        if (!first && square.Visible && reaches(square.x, x) && reaches(square.y, y))
+            first = Cell{column, row};
+    });
+    return first;
 }
 
-Ref<cSquare> squareAt(const Window1::Layer& squares, std::int64_t x, std::int64_t y)
+Ref<cSquare> squareAt(Layer& squares, std::int64_t x, std::int64_t y)
 {
     const auto cell = cellAt(squares, x, y);
-    return cell ? squares(cell->column, cell->row) : nullptr;
+    if (!cell)
+        return nullptr;
+    return squares(cell->column, cell->row);
 }
 
 } // namespace quorrin

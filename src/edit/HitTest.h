@@ -1,6 +1,6 @@
 #pragma once
 
-#include "document/Window1.h"
+#include "document/Layer.h"
 
 #include <cstdint>
 #include <optional>
@@ -19,9 +19,9 @@ inline constexpr std::int64_t hitReach = 60;
 
 /// The visible square at a place in page pixels, none beside the squares. Should boxes overlap, the first in the
 /// columns' order counts.
-std::optional<Cell> cellAt(const Window1::Layer& squares, std::int64_t x, std::int64_t y);
+std::optional<Cell> cellAt(const Layer& squares, std::int64_t x, std::int64_t y);
 
 /// The same, nil beside the squares.
-Ref<cSquare> squareAt(const Window1::Layer& squares, std::int64_t x, std::int64_t y);
+Ref<cSquare> squareAt(Layer& squares, std::int64_t x, std::int64_t y);
 
 } // namespace quorrin

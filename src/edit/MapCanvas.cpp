@@ -1,5 +1,6 @@
 #include "document/Window1.h"
 #include "edit/HitTest.h"
+#include "edit/SquareDescription.h"
 #include "toolkit/Platform.h"
 
 // The map: a click is a whole edit of one square, done when the button comes up.
@@ -36,6 +37,11 @@ void Window1::Canvas1_MouseUp(int x, int y)
         square->thisDM = pmDM.ListIndex;
     RenderMap(true);
     isDirty = true;
+}
+
+std::string Window1::DescribeSquare(int x, int y)
+{
+    return describeSquare(*this, x, y);
 }
 
 } // namespace quorrin

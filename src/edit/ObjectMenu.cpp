@@ -35,7 +35,7 @@ void Window1::ShowObjectPopupMenu(MenuItem& base, const std::string& prefix)
 
     for (std::int64_t i = 0; i < pmObjects.ListCount(); ++i) {
         const auto entry = New<MenuItem>(pmObjects.List(i), prefix + Str(i));
-        if (i == 0) {
+        if (i == blank) {
             base.Append(entry);
         } else if (const auto character = characterOfObject(i)) {
             // A token without a picture is not offered.

@@ -17,13 +17,13 @@ void Window1::pmVisibleLayers_Change()
 /// The top layer is never translucent, so the mode cannot be chosen from there.
 void Window1::pmObjectLayer_Change()
 {
-    pmColorBW.Enabled = pmObjectLayer.ListIndex == 0;
+    pmColorBW.Enabled = pmObjectLayer.ListIndex == ObjectLayer::Bottom;
 }
 
 void Window1::pmObjects_Change()
 {
     Canvas3.Refresh(true);
-    btnMaze.Enabled = pmObjects.ListIndex != 0;
+    btnMaze.Enabled = pmObjects.ListIndex != blank;
 }
 
 void Window1::pmColorBW_Change()

@@ -4,12 +4,6 @@
 
 namespace quorrin {
 
-namespace {
-
-enum Page { mapPage, scriptPage, charactersPage };
-
-} // namespace
-
 /// Every change of tab brings the map back, also the one to the tab "DM".
 void Window1::TabPanel1_Change()
 {
@@ -18,7 +12,7 @@ void Window1::TabPanel1_Change()
     btnCharacterTool.Value = false;
     btnCharacterTool.Enabled = true;
     gbDMObjects.Enabled = true;
-    PagePanel1.Value = Page::mapPage;
+    PagePanel1.Value = MapPage;
     // The mouse over the map may now stand on what answers a click, or no longer.
     Canvas1.Invalidate(false);
 }
@@ -28,10 +22,10 @@ void Window1::bbScriptTool_Action()
     gbDMObjects.Enabled = true;
     btnCharacterTool.Enabled = true;
     if (!bbScriptTool.Value) {
-        PagePanel1.Value = Page::mapPage;
+        PagePanel1.Value = MapPage;
         return;
     }
-    PagePanel1.Value = Page::scriptPage;
+    PagePanel1.Value = ScriptPage;
     txtMonster.SetFocus();
     gbDMObjects.Enabled = false;
     btnCharacterTool.Enabled = false;
@@ -42,10 +36,10 @@ void Window1::btnCharacterTool_Action()
     gbDMObjects.Enabled = true;
     bbScriptTool.Enabled = true;
     if (!btnCharacterTool.Value) {
-        PagePanel1.Value = Page::mapPage;
+        PagePanel1.Value = MapPage;
         return;
     }
-    PagePanel1.Value = Page::charactersPage;
+    PagePanel1.Value = CharactersPage;
     // The text lies on a page that does not show now; it gets the focus all the same.
     txtMonster.SetFocus();
     gbDMObjects.Enabled = false;

@@ -7,10 +7,10 @@ namespace quorrin {
 void Window1::pmLandscape_Change()
 {
     const auto orientation = pmLandscape.ListIndex.get();
-    if (orientation == 0) {
+    if (orientation == Orientation::Landscape) {
         Canvas1.Width = longSide;
         Canvas1.Height = shortSide;
-    } else if (orientation == 1) {
+    } else if (orientation == Orientation::Portrait) {
         Canvas1.Width = shortSide;
         Canvas1.Height = longSide;
     }

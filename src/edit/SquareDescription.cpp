@@ -1,4 +1,6 @@
-#include "document/Window1.h"
+#include "edit/SquareDescription.h"
+
+#include "document/Rows.h"
 #include "edit/HitTest.h"
 #include "toolkit/Text.h"
 
@@ -7,16 +9,6 @@
 namespace quorrin {
 
 namespace {
-
-struct FlagName {
-    bool cWall::*flag;
-    const char* name;
-};
-constexpr FlagName wallNames[] = {{&cWall::Top, "top"},     {&cWall::Bottom, "bottom"},
-                                  {&cWall::Left, "left"},   {&cWall::Right, "right"},
-                                  {&cWall::Slash, "slash"}, {&cWall::BackSlash, "backslash"}};
-constexpr FlagName doorNames[] = {
-    {&cWall::DoorTop, "top"}, {&cWall::DoorBottom, "bottom"}, {&cWall::DoorLeft, "left"}, {&cWall::DoorRight, "right"}};
 
 std::string joined(const std::vector<std::string>& words, const char* separator)
 {
@@ -27,19 +19,18 @@ std::string joined(const std::vector<std::string>& words, const char* separator)
 }
 
 /// The caption of a row; empty for "Blank" and for a number that has no row, neither of which shows on the map.
-std::string nameOf(const PopupMenu& popup, std::int64_t row)
+std::string nameOf(const Rows& rows, std::int64_t row)
 {
-    return row > 0 && row < popup.ListCount() ? popup.List(row) : "";
+    return row > blank && row < std::ssize(rows) ? rows[static_cast<std::size_t>(row)] : "";
 }
 
 /// The flags of one kind that are set, as in "walls top, left"; nothing when none is.
-template <typename Names>
-std::vector<std::string> flagsOf(const cWall& wall, const std::string& kind, const Names& names)
+std::vector<std::string> flagsOf(const cWall& wall, const std::string& kind, bool doors)
 {
     std::vector<std::string> set;
-    for (const auto& [flag, name] : names)
-        if (wall.*flag)
-            set.push_back(name);
+    for (const WallFlag& flag : wallFlags)
+        if (flag.isDoor() == doors && wall.*flag.flag)
+            set.push_back(flag.side);
     if (set.empty())
         return {};
     return {kind + (set.size() > 1 ? "s " : " ") + joined(set, ", ")};
@@ -52,36 +43,36 @@ void append(std::vector<std::string>& words, const std::vector<std::string>& mor
 
 std::vector<std::string> flagsOf(const cWall& wall)
 {
-    auto flags = flagsOf(wall, "wall", wallNames);
-    append(flags, flagsOf(wall, "door", doorNames));
+    auto flags = flagsOf(wall, "wall", false);
+    append(flags, flagsOf(wall, "door", true));
     return flags;
 }
 
 } // namespace
 
-std::string Window1::DescribeSquare(int x, int y)
+std::string describeSquare(const Map& map, int x, int y)
 {
-    const auto cell = cellAt(mySquares, x, y);
+    const auto cell = cellAt(map.mySquares, x, y);
     if (!cell)
         return {};
-    const cSquare& square = *mySquares(cell->column, cell->row);
+    const cSquare& square = *map.mySquares(cell->column, cell->row);
 
     std::vector<std::string> contents;
     const auto add = [&](const char* kind, const std::string& name) {
         if (!name.empty())
             contents.push_back(kind + name);
     };
-    add("", nameOf(pmObjects, square.thisObject));
-    add("top layer ", nameOf(pmObjects, mySquaresTop(cell->column, cell->row)->thisObject));
+    add("", nameOf(objectRows(), square.thisObject));
+    add("top layer ", nameOf(objectRows(), map.mySquaresTop(cell->column, cell->row)->thisObject));
     append(contents, flagsOf(*square.Wall));
-    add("marker ", nameOf(pmDM, square.thisDM));
+    add("marker ", nameOf(markerRows(), square.thisDM));
     return "Column " + Str(cell->column) + ", row " + Str(cell->row) + ": "
            + (contents.empty() ? "blank" : joined(contents, "; "));
 }
 
-std::string Window1::DescribeChosenWall()
+std::string describeWall(const cWall& wall)
 {
-    const auto flags = flagsOf(*ChosenWall());
+    const auto flags = flagsOf(wall);
     return flags.empty() ? "No walls" : joined(flags, "; ");
 }
 

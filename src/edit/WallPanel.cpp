@@ -1,9 +1,21 @@
 #include "document/Window1.h"
+#include "edit/SquareDescription.h"
 #include "toolkit/Platform.h"
 
 // The tab "Walls". Boxes and colour prepare the next click and change no square.
 
 namespace quorrin {
+
+namespace {
+
+/// The boxes in the order of wallFlags.
+constexpr CheckBox Window1::*wallBoxes[] = {
+    &Window1::CheckBox1, &Window1::CheckBox2, &Window1::CheckBox3,    &Window1::CheckBox4,  &Window1::CheckBox5,
+    &Window1::CheckBox6, &Window1::cbDoorTop, &Window1::cbDoorBottom, &Window1::cbDoorLeft, &Window1::cbDoorRight,
+};
+static_assert(std::size(wallBoxes) == std::size(wallFlags));
+
+} // namespace
 
 void Window1::CheckBox1_Action()
 {
@@ -72,15 +84,27 @@ void Window1::rWallColor_MouseUp(int, int)
 
 Ref<cWall> Window1::ChosenWall()
 {
-    return New<cWall>(CheckBox1.Value, CheckBox2.Value, CheckBox3.Value, CheckBox4.Value, CheckBox5.Value,
-                      CheckBox6.Value, cbDoorTop.Value, cbDoorBottom.Value, cbDoorLeft.Value, cbDoorRight.Value,
-                      rWallColor.FillColor);
+    auto wall = New<cWall>();
+    for (std::size_t n = 0; n < std::size(wallFlags); ++n)
+        (*wall).*wallFlags[n].flag = (this->*wallBoxes[n]).Value;
+    wall->myColor = rWallColor.FillColor;
+    return wall;
 }
 
 void Window1::NewWall()
 {
     RenderWall(ChosenWall());
     Canvas2.Invalidate(true);
+}
+
+void Window1::RenderWall(const Ref<cWall>& wall)
+{
+    myWall = wall->Render();
+}
+
+std::string Window1::DescribeChosenWall()
+{
+    return describeWall(*ChosenWall());
 }
 
 void Window1::Canvas2_Paint(Graphics& g)
@@ -96,9 +120,8 @@ void Window1::PushButton3_Action()
 
 void Window1::ClearAllWallChecks()
 {
-    for (CheckBox* box : {&CheckBox1, &CheckBox2, &CheckBox3, &CheckBox4, &CheckBox5, &CheckBox6, &cbDoorBottom,
-                          &cbDoorTop, &cbDoorLeft, &cbDoorRight})
-        box->Value = false;
+    for (const auto box : wallBoxes)
+        (this->*box).Value = false;
 }
 
 } // namespace quorrin

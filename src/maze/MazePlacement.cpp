@@ -1,6 +1,7 @@
-#include "document/Window1.h"
+#include "maze/MazePlacement.h"
+
+#include "document/Rows.h"
 #include "maze/mMaze.h"
-#include "toolkit/Platform.h"
 
 // Lays a maze on the map. The two kinds read the grid differently, and neither treats the sides of the page alike: kept
 // so that mazes look as users know them.
@@ -29,14 +30,14 @@ struct Stretch {
 constexpr Stretch landscapeStretch{11, 7, 6, 11, {{1, 6}, {12, 6}}, 8, 8, {{8, 1}, {8, 8}}};
 constexpr Stretch portraitStretch{7, 11, 8, 8, {{1, 7}, {8, 7}}, 6, 12, {{5, 1}, {5, 12}}};
 
-void layObjects(const Window1::Layer& squares, std::int64_t object)
+void layObjects(Layer& squares, std::int64_t object)
 {
     for (int x = 1; x <= mMaze::MAZE_X; ++x)
         for (int y = 1; y <= mMaze::MAZE_Y; ++y)
-            squares(x, y)->thisObject = mMaze::blnMaze(x, y) ? 0 : object;
+            squares(x, y)->thisObject = mMaze::blnMaze(x, y) ? blank : object;
 }
 
-void stretch(const Window1::Layer& squares, const Stretch& how, std::int64_t object)
+void stretch(Layer& squares, const Stretch& how, std::int64_t object)
 {
     for (int y = how.height; y >= how.doubledRow; --y)
         for (int x = 1; x <= how.rowLength; ++x)
@@ -52,18 +53,18 @@ void stretch(const Window1::Layer& squares, const Stretch& how, std::int64_t obj
 
 /// The wall that a solid position of the grid stands for. Odd grid rows are the horizontal lines, even ones the
 /// vertical lines; column 1 stands outside the maze.
-void setWall(const Window1::Layer& squares, bool landscape, int gridColumn, int gridRow)
+void setWall(Layer& squares, bool portrait, int gridColumn, int gridRow)
 {
     const int row = (gridRow + 1) / 2;
     const bool last = gridColumn == mMaze::MAZE_X;
     cWall& wall = *squares(gridColumn, row)->Wall;
     if (gridRow % 2 != 0) {
-        if (gridColumn != 1 && (landscape || !last))
+        if (gridColumn != 1 && !(portrait && last))
             wall.Top = true;
     } else if (gridColumn == 1) {
         wall.Right = true;
         wall.Top = false;
-    } else if (landscape && last) {
+    } else if (!portrait && last) {
         wall.Right = true;
     } else {
         wall.Left = true;
@@ -73,49 +74,28 @@ void setWall(const Window1::Layer& squares, bool landscape, int gridColumn, int 
     }
 }
 
-/// One answer serves both kinds of maze, until the map is made anew.
-bool mayMakeMaze(bool& didPrompt, const std::string& question)
-{
-    if (!didPrompt)
-        didPrompt = Confirmed(question, "Create Maze");
-    return didPrompt;
-}
-
 } // namespace
 
-void Window1::btnMaze_Action()
+void placeObjectMaze(Map& map, Layer& layer, bool portrait, std::int64_t object)
 {
-    if (!mayMakeMaze(didMazePrompt,
-                     "Generating a maze will change all objects on this layer. Do you want to create a maze?"))
-        return;
-    const Stretch& how = pmLandscape.ListIndex == 0 ? landscapeStretch : portraitStretch;
+    const Stretch& how = portrait ? portraitStretch : landscapeStretch;
     mMaze::CreateMaze(how.width, how.height, true);
-    layObjects(DrawingLayer(), pmObjects.ListIndex);
+    layObjects(layer, object);
     // Always the bottom layer, also when the maze was laid on the top one.
-    stretch(mySquares, how, pmObjects.ListIndex);
-    RenderMap(true);
-    isDirty = true;
+    stretch(map.mySquares, how, object);
 }
 
-void Window1::btnWallMaze_Action()
+void placeWallMaze(Map& map, bool portrait)
 {
-    if (!mayMakeMaze(didMazePrompt,
-                     "Generating a maze will change all walls on this layer. Do you want to create a maze?"))
-        return;
-    for (int i = 1; i <= columns; ++i)
-        for (int j = 1; j <= rows; ++j)
-            mySquares(i, j)->Wall = New<cWall>();
-    const bool landscape = pmLandscape.ListIndex == 0;
-    if (landscape)
-        mMaze::CreateMaze(11, 15, true);
-    else
+    forEachSquare(map.mySquares, [](cSquare& square) { square.Wall = New<cWall>(); });
+    if (portrait)
         mMaze::CreateMaze(9, 23, true);
+    else
+        mMaze::CreateMaze(11, 15, true);
     for (int y = 1; y <= mMaze::MAZE_Y; ++y)
         for (int x = 1; x <= mMaze::MAZE_X; ++x)
             if (!mMaze::blnMaze(x, y))
-                setWall(mySquares, landscape, x, y);
-    RenderMap(true);
-    isDirty = true;
+                setWall(map.mySquares, portrait, x, y);
 }
 
 } // namespace quorrin

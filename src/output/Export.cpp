@@ -1,8 +1,8 @@
 #include "output/Export.h"
 
-#include "app/Module1.h"
 #include "document/Board.h"
 #include "document/FileTypes1.h"
+#include "document/Module1.h"
 #include "document/Window1.h"
 #include "toolkit/Platform.h"
 #include "toolkit/Text.h"
@@ -39,7 +39,7 @@ Ref<Picture> partOfPage(const Picture& page, const Area& area, std::int64_t widt
 {
     const double wanted = std::max(double(width) / double(area.width), double(height) / double(area.height));
     const int scale = std::clamp(static_cast<int>(std::ceil(wanted)), 1, largestPictureScale);
-    const auto part = New<Picture>(width, height, 32);
+    auto part = New<Picture>(width, height, 32);
     part->Graphics().DrawPicture(page.Enlarged(scale), 0, 0, double(width), double(height), double(area.x * scale),
                                  double(area.y * scale), double(area.width * scale), double(area.height * scale));
     return part;
@@ -95,7 +95,7 @@ std::string seriesName(const std::string& documentName, const SeriesStep& step)
 
 Ref<Picture> boardPicture(const Window1& window, int cell)
 {
-    const Board& board = boardOf(window.pmLandscape.ListIndex);
+    const Board& board = window.board();
     return partOfPage(*window.myImage, {board.left, board.top, board.width(), board.height()}, board.columns * cell,
                       board.rows * cell);
 }
@@ -145,7 +145,7 @@ void inVersions(Window1& window, const std::function<void(const ComposeVersion& 
     const auto compose = [&](const PageVersion& version) {
         Module1::gSkipWallColor = version.blackAndWhite;
         window.cbShowDMObjects.Value = version.showMarkers;
-        window.pmBackground.ListIndex = version.blackAndWhite ? 0 : background;
+        window.pmBackground.ListIndex = version.blackAndWhite ? Background::White : background;
         window.pmColorBW.ListIndex = version.blackAndWhite ? blackAndWhite : colorMode;
         window.RenderMap(true);
     };
@@ -164,7 +164,7 @@ void inVersions(Window1& window, const std::function<void(const ComposeVersion& 
     };
 
     try {
-        window.pmVisibleLayers.ListIndex = 0;
+        window.pmVisibleLayers.ListIndex = VisibleLayers::All;
         window.cbShowDMObjects.Value = false;
         window.cbShowClickable.Value = false;
         work(compose);

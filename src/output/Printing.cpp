@@ -1,7 +1,7 @@
 #include "output/Printing.h"
 
-#include "app/Module1.h"
 #include "characters/Roster.h"
+#include "document/Module1.h"
 #include "document/Window1.h"
 #include "toolkit/Platform.h"
 #include "toolkit/Text.h"
@@ -10,16 +10,11 @@ namespace quorrin {
 
 namespace {
 
-bool isLandscape(const Window1& window)
-{
-    return window.pmLandscape.ListIndex == 0;
-}
-
 /// The pages that a person chose to print on, nil when cancelled. The first print of all asks for the page setup, too.
 std::unique_ptr<Graphics> openPrinter(Window1& window, Print what)
 {
     if (!Module1::myPrinterSetup)
-        Module1::ShowPageSetup(isLandscape(window));
+        Module1::ShowPageSetup(!window.isPortrait());
     return OpenPrinterDialog(Module1::myPrinterSetup, window, printTitle(window.mySavedFileName, what));
 }
 
@@ -60,7 +55,7 @@ bool staysUpright(double pageWidth, double pageHeight, double width)
 
 bool Window1::_mnPageSetup_Action()
 {
-    Module1::ShowPageSetup(isLandscape(*this));
+    Module1::ShowPageSetup(!isPortrait());
     return true;
 }
 
@@ -77,6 +72,11 @@ void Window1::btnPrint_Action()
 {
     if (const auto g = openPrinter(*this, Print::Script))
         PrintText(*g);
+}
+
+void Window1::PrintText(Graphics& g)
+{
+    printScript(g, *myScript);
 }
 
 void Window1::btnPrintCharacters_Action()

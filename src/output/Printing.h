@@ -8,6 +8,9 @@
 
 namespace quorrin {
 
+class Graphics;
+class cScript;
+
 /// What can be printed of a map.
 enum class Print { Map, Script, Sheet };
 
@@ -26,6 +29,9 @@ struct ScriptPage {
 
     friend bool operator==(const ScriptPage&, const ScriptPage&) = default;
 };
+
+/// Lays a script out on pages and draws it.
+void printScript(Graphics& g, const cScript& script);
 
 /// Divides a script into pages of at most `limit` in height. `height` measures a text as it will be wrapped.
 std::vector<ScriptPage> scriptPages(const TextList& lines, double limit,

@@ -1,5 +1,6 @@
-#include "document/Window1.h"
+#include "document/cScript.h"
 #include "output/Printing.h"
+#include "toolkit/Graphics.h"
 
 #include <algorithm>
 
@@ -41,9 +42,9 @@ std::vector<ScriptPage> scriptPages(const TextList& lines, double limit,
     return pages;
 }
 
-void Window1::PrintText(Graphics& g)
+void printScript(Graphics& g, const cScript& script)
 {
-    const auto text = "Monster:\n" + myScript->Monsters + "\nGame Text:\n" + myScript->GamtText;
+    const auto text = "Monster:\n" + script.Monsters + "\nGame Text:\n" + script.GamtText;
     const auto lines = Split(ReplaceAll(text, "\n", "\r"), "\r");
     const double width = g.Width() - rightMargin;
     const auto pages = scriptPages(lines, g.Height() - bottomMargin,

@@ -41,12 +41,13 @@ constexpr Shining shiningObjects[] = {
 };
 
 template <typename Visit>
-void forEachShown(const Window1::Layer& squares, const Board& board, Visit visit)
+void forEachShown(const Layer& squares, const Board& board, Visit visit)
 {
-    for (int column = 1; column <= board.columns; ++column)
-        for (int row = 1; row <= board.rows; ++row)
-            if (const cSquare& square = *squares(column, row); square.Visible)
-                visit(square, column - 1, row - 1);
+    forEachCell([&](int column, int row) {
+        const cSquare& square = *squares(column, row);
+        if (square.Visible && column <= board.columns && row <= board.rows)
+            visit(square, column - 1, row - 1);
+    });
 }
 
 Point between(const Segment& piece, double part)
@@ -55,7 +56,7 @@ Point between(const Segment& piece, double part)
 }
 
 /// All pieces of all squares, each once, and whether there is a door in it.
-std::map<Segment, bool> piecesOf(const Window1::Layer& squares, const Board& board)
+std::map<Segment, bool> piecesOf(const Layer& squares, const Board& board)
 {
     std::map<Segment, bool> found;
     forEachShown(squares, board, [&](const cSquare& square, int x, int y) {
@@ -137,7 +138,7 @@ std::vector<Polyline> joined(std::vector<Polyline> lines)
 
 } // namespace
 
-Walls wallsOf(const Window1::Layer& squares, const Board& board)
+Walls wallsOf(const Layer& squares, const Board& board)
 {
     Walls walls;
     std::vector<Segment> parts;
@@ -157,7 +158,7 @@ Walls wallsOf(const Window1::Layer& squares, const Board& board)
     return walls;
 }
 
-std::vector<Light> lightsOf(const Window1::Layer& squares, const Board& board)
+std::vector<Light> lightsOf(const Layer& squares, const Board& board)
 {
     std::vector<Light> lights;
     forEachShown(squares, board, [&](const cSquare& square, int x, int y) {

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "document/Board.h"
-#include "document/Window1.h"
+#include "document/Layer.h"
 #include "toolkit/Color.h"
 
 #include <vector>
@@ -40,9 +40,9 @@ struct Walls {
 };
 
 /// The walls of all squares that show. An edge belongs to two squares, and either may have its wall or its door.
-Walls wallsOf(const Window1::Layer& squares, const Board& board);
+Walls wallsOf(const Layer& squares, const Board& board);
 
 /// The lights among the objects of a layer that show.
-std::vector<Light> lightsOf(const Window1::Layer& squares, const Board& board);
+std::vector<Light> lightsOf(const Layer& squares, const Board& board);
 
 } // namespace quorrin

@@ -1,7 +1,7 @@
 #include "output/StripSheet.h"
 
 #include "characters/Roster.h"
-#include "document/Window1.h"
+#include "document/Map.h"
 #include "toolkit/Text.h"
 
 #include <algorithm>
@@ -86,11 +86,11 @@ void drawInstructions(Graphics& g)
 
 } // namespace
 
-std::vector<Ref<cCharacter>> charactersToCut(const Window1& window)
+std::vector<Ref<const cCharacter>> charactersToCut(const Map& map)
 {
-    std::vector<Ref<cCharacter>> found;
-    for (int n = 1; n <= Window1::characters; ++n)
-        if (const auto& character = window.myCharacters(n); character->Icon || character->Number > 0)
+    std::vector<Ref<const cCharacter>> found;
+    for (int n = 1; n <= Map::characters; ++n)
+        if (const auto& character = map.myCharacters(n); character->Icon || character->Number > 0)
             found.push_back(character);
     return found;
 }
@@ -111,19 +111,20 @@ std::optional<StripSheet> stripSheet(double square, int strips, const PaperWish&
     return paper ? std::optional(onPaper(*paper)) : std::nullopt;
 }
 
-void printStrips(Graphics& g, const StripSheet& sheet, const std::vector<Ref<cCharacter>>& characters)
+void printStrips(Graphics& g, const StripSheet& sheet, const std::vector<Ref<const cCharacter>>& characters)
 {
     const int perPage = sheet.columns * sheet.rows;
     g.PenWidth = g.PenHeight = linePen;
     for (int n = 0; n < static_cast<int>(characters.size()); ++n) {
         const int place = n % perPage;
+        const int column = place % sheet.columns;
+        const int row = place / sheet.columns;
         if (n > 0 && place == 0)
             g.NextPage();
         if (place == 0)
             drawInstructions(g);
-        drawStrip(g, sheet, *characters[static_cast<std::size_t>(n)],
-                  paperMargin + place % sheet.columns * (sheet.stripWidth + gap),
-                  paperMargin + textHeight + place / sheet.columns * (sheet.stripHeight + gap));
+        drawStrip(g, sheet, *characters[static_cast<std::size_t>(n)], paperMargin + column * (sheet.stripWidth + gap),
+                  paperMargin + textHeight + row * (sheet.stripHeight + gap));
     }
 }
 

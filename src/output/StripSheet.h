@@ -8,7 +8,7 @@
 
 namespace quorrin {
 
-class Window1;
+class Map;
 
 /// Paper characters in the size of the squares that they stand on. Lengths are points.
 struct StripSheet {
@@ -21,12 +21,12 @@ struct StripSheet {
 };
 
 /// The characters that have a figure or a number.
-std::vector<Ref<cCharacter>> charactersToCut(const Window1& window);
+std::vector<Ref<const cCharacter>> charactersToCut(const Map& map);
 
 /// Strips for squares of this side on as few pages as possible; nothing when not even one strip fits.
 std::optional<StripSheet> stripSheet(double square, int strips, const PaperWish& wish);
 
 /// Draws the strips. `g` begins at the corner of the paper.
-void printStrips(Graphics& g, const StripSheet& sheet, const std::vector<Ref<cCharacter>>& characters);
+void printStrips(Graphics& g, const StripSheet& sheet, const std::vector<Ref<const cCharacter>>& characters);
 
 } // namespace quorrin

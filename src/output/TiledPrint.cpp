@@ -92,7 +92,7 @@ Part partOf(const Window1& window, const PrintedMap& map)
 {
     if (!map.boardOnly)
         return {0, 0, double(window.myImage->Width()), double(window.myImage->Height())};
-    const Board& board = boardOf(window.pmLandscape.ListIndex);
+    const Board& board = window.board();
     return {double(board.left), double(board.top), double(board.width()), double(board.height())};
 }
 

@@ -1,5 +1,6 @@
 #include "output/UniversalVtt.h"
 
+#include "document/Window1.h"
 #include "output/Export.h"
 #include "output/Sight.h"
 #include "toolkit/Text.h"
@@ -88,7 +89,7 @@ std::string vttFileName(const std::string& documentName)
 
 std::string universalVtt(Window1& window, int cell)
 {
-    const Board& board = boardOf(window.pmLandscape.ListIndex);
+    const Board& board = window.board();
     const Walls walls = wallsOf(window.mySquares, board);
     auto lights = lightsOf(window.mySquares, board);
     for (const Light& light : lightsOf(window.mySquaresTop, board))

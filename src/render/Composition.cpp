@@ -13,34 +13,34 @@ namespace quorrin {
 
 namespace {
 
-/// Calls `draw` for each square of a layer that lies on the page. Columns come first, so that a square's tile lies over
-/// what its left and upper neighbours' tiles reach into it.
+/// Calls `draw` for each square of a layer that lies on the page. Their order has a square's tile lie over what its
+/// left and upper neighbours' tiles reach into it.
 template <typename Draw>
-void forEachVisible(const Window1::Layer& squares, Draw draw)
+void forEachVisible(const Layer& squares, Draw draw)
 {
-    for (int i = 1; i <= Window1::columns; ++i)
-        for (int j = 1; j <= Window1::rows; ++j)
-            if (const cSquare& square = *squares(i, j); square.Visible)
-                draw(square, static_cast<double>(square.x), static_cast<double>(square.y));
+    forEachSquare(squares, [&](const cSquare& square) {
+        if (square.Visible)
+            draw(square, static_cast<double>(square.x), static_cast<double>(square.y));
+    });
 }
 
-void drawUserPicture(Graphics& g, const Window1& window)
+void drawUserPicture(Graphics& g, const Map& map)
 {
-    if (window.UserPicture)
-        g.DrawPicture(window.UserPicture, 0, 0);
+    if (map.UserPicture)
+        g.DrawPicture(map.UserPicture, 0, 0);
 }
 
 /// Outlines what a click hits, with the pen that the grid has left: two pixels wide over a coloured grid, else one.
-void drawClickableFrames(Graphics& g, const Window1& window)
+void drawClickableFrames(Graphics& g, const Map& map)
 {
     g.ForeColor = RGB(0, 0, 200);
-    forEachVisible(window.mySquares, [&](const cSquare&, double x, double y) { g.DrawRect(x + 1, y + 1, 60, 60); });
+    forEachVisible(map.mySquares, [&](const cSquare&, double x, double y) { g.DrawRect(x + 1, y + 1, 60, 60); });
 }
 
-void drawObjects(Graphics& g, const Window1& window, const Window1::Layer& squares, std::int64_t mode)
+void drawObjects(Graphics& g, const Map& map, const Layer& squares, std::int64_t mode)
 {
     forEachVisible(squares, [&](const cSquare& square, double x, double y) {
-        drawObjectTile(g, window, square.thisObject, mode, x + objectTileOffset, y + objectTileOffset);
+        drawObjectTile(g, map, square.thisObject, mode, x + objectTileOffset, y + objectTileOffset);
     });
 }
 
@@ -58,18 +58,18 @@ private:
     std::vector<std::pair<cWall, Ref<Picture>>> tiles_;
 };
 
-void drawWalls(Graphics& g, const Window1& window)
+void drawWalls(Graphics& g, const Map& map)
 {
     WallTiles tiles;
-    forEachVisible(window.mySquares, [&](const cSquare& square, double x, double y) {
+    forEachVisible(map.mySquares, [&](const cSquare& square, double x, double y) {
         if (square.Wall)
             g.DrawPicture(tiles.of(*square.Wall), x, y);
     });
 }
 
-void drawMarkers(Graphics& g, const Window1& window)
+void drawMarkers(Graphics& g, const Map& map)
 {
-    forEachVisible(window.mySquares, [&](const cSquare& square, double x, double y) {
+    forEachVisible(map.mySquares, [&](const cSquare& square, double x, double y) {
         g.DrawPicture(markerTile(square.thisDM), x + markerTileOffset, y + markerTileOffset);
     });
 }
@@ -78,7 +78,7 @@ void drawMarkers(Graphics& g, const Window1& window)
 
 void Window1::RenderMap(bool includeUserPicture)
 {
-    const bool portrait = pmLandscape.ListIndex != 0;
+    const bool portrait = isPortrait();
     myImage = portrait ? New<Picture>(shortSide, longSide, 32) : New<Picture>(longSide, shortSide, 32);
     auto& g = myImage->Graphics();
 
@@ -89,10 +89,10 @@ void Window1::RenderMap(bool includeUserPicture)
     drawBorders(g, {pmBorderTop.ListIndex, pmBorderBottom.ListIndex, pmBorderLeft.ListIndex, pmBorderRight.ListIndex});
     if (cbShowClickable.Value)
         drawClickableFrames(g, *this);
-    if (pmVisibleLayers.ListIndex != 2)
+    if (pmVisibleLayers.ListIndex != VisibleLayers::Top)
         drawObjects(g, *this, mySquares, pmColorBW.ListIndex);
     // The top layer is never translucent: that is how an object stands clear on the terrain below it.
-    if (pmVisibleLayers.ListIndex != 1)
+    if (pmVisibleLayers.ListIndex != VisibleLayers::Bottom)
         drawObjects(g, *this, mySquaresTop, pmColorBW.ListIndex == blackAndWhite ? blackAndWhite : solidColor);
     drawWalls(g, *this);
     if (cbShowDMObjects.Value)

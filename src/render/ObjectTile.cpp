@@ -1,4 +1,5 @@
-#include "document/Window1.h"
+#include "document/Map.h"
+#include "document/Rows.h"
 #include "render/Catalogue.h"
 #include "render/Tiles.h"
 
@@ -71,12 +72,11 @@ void drawFigure(Graphics& g, const cCharacter& token, std::int64_t mode, double 
 
 } // namespace
 
-void drawObjectTile(Graphics& g, const Window1& window, std::int64_t objectNumber, std::int64_t colorMode, double x,
-                    double y)
+void drawObjectTile(Graphics& g, const Map& map, std::int64_t objectNumber, std::int64_t colorMode, double x, double y)
 {
     if (const auto character = characterOfObject(objectNumber)) {
-        drawFigure(g, *window.myCharacters(character), colorMode, x, y);
-    } else if (objectNumber >= 1 && objectNumber <= lastCatalogueObject) {
+        drawFigure(g, *map.myCharacters(character), colorMode, x, y);
+    } else if (objectNumber > blank && objectNumber <= lastCatalogueObject) {
         const auto& row = catalogue()[static_cast<std::size_t>(objectNumber - 1)];
         if (row.color)
             drawArt(g, artInMode(row, colorMode), x, y);
@@ -85,7 +85,7 @@ void drawObjectTile(Graphics& g, const Window1& window, std::int64_t objectNumbe
     }
 }
 
-Ref<Picture> Window1::DrawObject(std::int64_t objectNumber, std::int64_t colorMode)
+Ref<Picture> Map::DrawObject(std::int64_t objectNumber, std::int64_t colorMode) const
 {
     auto tile = New<Picture>(objectTileSize, objectTileSize);
     drawObjectTile(tile->Graphics(), *this, objectNumber, colorMode, 0, 0);

@@ -13,7 +13,7 @@ void fillPage(Graphics& g, Color color)
     g.FillRect(0, 0, g.Width(), g.Height());
 }
 
-/// The colours of the rows 4 to 8 of pmGrid.
+/// The colours of the rows of pmGrid from Grid::Green to Grid::Red.
 constexpr Color gridColors[] = {RGB(80, 125, 35), RGB(120, 110, 85), RGB(25, 95, 225), RGB(230, 215, 10),
                                 RGB(235, 40, 40)};
 
@@ -37,8 +37,9 @@ void drawColoredGrid(Graphics& g, Color color, const GridLines& lines)
         g.DrawLine(x, lines.top, x, lines.bottom);
 }
 
-/// The art of one style of border.
+/// The art of one row of the border popups.
 struct BorderStyle {
+    std::int64_t row;
     const Ref<Picture>& horizontal;
     const Ref<Picture>& vertical;
 };
@@ -48,27 +49,27 @@ struct BorderStyle {
 void drawBackground(Graphics& g, std::int64_t background, bool portrait)
 {
     switch (background) {
-    case 0:
+    case Background::White:
         return fillPage(g, RGB(255, 255, 255));
-    case 1:
+    case Background::Grey:
         return fillPage(g, RGB(200, 200, 200));
-    case 2:
+    case Background::Parchment:
         return g.DrawPicture(_x_Parchment(), 0, 0);
-    case 3:
+    case Background::Grass:
         return g.DrawPicture(_x_GrassParchment(), 0, 0);
-    case 4:
+    case Background::Water:
         return g.DrawPicture(_x_WaterParchment(), 0, 0);
-    case 5:
+    case Background::Cobblestone:
         return g.DrawPicture(_x_CobblestoneParchment(), 0, 0);
-    case 6:
+    case Background::Plain:
         return g.DrawPicture(_x_PlainParchment(), 0, 0);
-    case 7:
+    case Background::PlainWithRoad:
         // The horizontal road lies first in either orientation, and in landscape twice.
         g.DrawPicture(_x_PlainRoadHorz(), 0, 0);
         return g.DrawPicture(portrait ? _x_PlainRoadVert() : _x_PlainRoadHorz(), 0, 0);
-    case 8:
+    case Background::Island:
         return g.DrawPicture(portrait ? _x_IslandParchmentVert() : _x_IslandParchmentHorz(), 0, 0);
-    case 9:
+    case Background::Cliff:
         return g.DrawPicture(_x_CliffParchment(), portrait ? -180 : 0, 0);
     default:
         return;
@@ -78,20 +79,20 @@ void drawBackground(Graphics& g, std::int64_t background, bool portrait)
 void drawGrid(Graphics& g, std::int64_t grid, bool portrait)
 {
     switch (grid) {
-    case 1:
+    case Grid::Solid:
         return g.DrawPicture(portrait ? _x_GridPort() : _x_GridLand(), 0, 0);
-    case 2:
+    case Grid::Blurry:
         if (portrait)
             return g.DrawPicture(_x_GridPortBlur(), -2, 1);
         return g.DrawPicture(_x_GridLandblur(), 1, 2);
-    case 3:
+    case Grid::LightGrey:
         return g.DrawPicture(portrait ? _x_GridPortGrey() : _x_GridLandGrey(), 0, 0);
-    case 4:
-    case 5:
-    case 6:
-    case 7:
-    case 8:
-        return drawColoredGrid(g, gridColors[grid - 4], portrait ? portraitLines : landscapeLines);
+    case Grid::Green:
+    case Grid::Brown:
+    case Grid::Blue:
+    case Grid::Yellow:
+    case Grid::Red:
+        return drawColoredGrid(g, gridColors[grid - Grid::Green], portrait ? portraitLines : landscapeLines);
     default:
         return;
     }
@@ -107,21 +108,19 @@ void drawBorders(Graphics& g, const BorderRows& rows)
     _x_SharkBorderVert()->Transparent = 1;
 
     const BorderStyle styles[] = {
-        {_x_MountianRangeBorderHorz(), _x_MountianRangeBorderVert()},
-        {_x_PineTreeBorderHorz(), _x_PineTreeBorderVert()},
-        {_x_SharkBorderHorz(), _x_SharkBorderVert()},
+        {Border::MountainRange, _x_MountianRangeBorderHorz(), _x_MountianRangeBorderVert()},
+        {Border::PineTrees, _x_PineTreeBorderHorz(), _x_PineTreeBorderVert()},
+        {Border::Sharks, _x_SharkBorderHorz(), _x_SharkBorderVert()},
     };
-    std::int64_t row = 1;
     for (const auto& style : styles) {
-        if (rows.top == row)
+        if (rows.top == style.row)
             g.DrawPicture(style.horizontal, 0, 4);
-        if (rows.bottom == row)
+        if (rows.bottom == style.row)
             g.DrawPicture(style.horizontal, 0, g.Height() - static_cast<double>(style.horizontal->Height()) - 1);
-        if (rows.left == row)
+        if (rows.left == style.row)
             g.DrawPicture(style.vertical, 1, 0);
-        if (rows.right == row)
+        if (rows.right == style.row)
             g.DrawPicture(style.vertical, g.Width() - static_cast<double>(style.vertical->Width()) - 4, 0);
-        ++row;
     }
 }
 

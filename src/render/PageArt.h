@@ -8,7 +8,7 @@ namespace quorrin {
 
 // The page below the squares: background, grid and borders. All positions are page pixels.
 
-/// A row of pmBackground, or 9, a cliff that no row offers. Any other value draws nothing.
+/// A row of pmBackground, or Background::Cliff. Any other value draws nothing.
 void drawBackground(Graphics& g, std::int64_t background, bool portrait);
 
 /// A row of pmGrid. The coloured grids leave the pen 2 wide and 2 high.

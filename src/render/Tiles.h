@@ -6,7 +6,7 @@
 
 namespace quorrin {
 
-class Window1;
+class Map;
 
 // The sizes of the tiles that lie on a square, in page pixels, and where they lie from the square's corner.
 
@@ -17,11 +17,10 @@ inline constexpr int markerTileOffset = 2;
 /// A wall's tile begins at the square's corner and reaches two pixels into the next square.
 inline constexpr int wallTileSize = 64;
 
-/// Draws what Window1::DrawObject gives straight on a page, with the tile's corner at x, y. May set colour and pen.
-void drawObjectTile(Graphics& g, const Window1& window, std::int64_t objectNumber, std::int64_t colorMode, double x,
-                    double y);
+/// Draws what Map::DrawObject gives straight on a page, with the tile's corner at x, y. May set colour and pen.
+void drawObjectTile(Graphics& g, const Map& map, std::int64_t objectNumber, std::int64_t colorMode, double x, double y);
 
-/// The shared picture of what Window1::DrawDM gives a copy of; only to be drawn.
+/// The shared picture of what Map::DrawDM gives a copy of; only to be drawn.
 const Ref<Picture>& markerTile(std::int64_t markerNumber);
 
 } // namespace quorrin

@@ -1,5 +1,5 @@
-#include "app/Module1.h"
-#include "document/Window1.h"
+#include "document/Module1.h"
+#include "document/cWall.h"
 #include "render/Tiles.h"
 
 namespace quorrin {
@@ -71,11 +71,6 @@ Ref<Picture> cWall::Render() const
         fill(g, door.panel);
     }
     return tile;
-}
-
-void Window1::RenderWall(const Ref<cWall>& wall)
-{
-    myWall = wall->Render();
 }
 
 } // namespace quorrin

@@ -5,8 +5,6 @@
 #include "toolkit/SystemFiles.h"
 
 #include <QCoreApplication>
-#include <QStandardPaths>
-#include <QStringDecoder>
 
 #include <cstdio>
 #include <ctime>
@@ -53,48 +51,7 @@ std::string unusedName()
     return name;
 }
 
-/// Takes a byte that is no UTF-8 to a half of a surrogate pair, which no other text has, and back.
-constexpr char16_t firstByteMark = 0xDC00;
-
 } // namespace
-
-QString QtBridge::qtPath(const std::string& path)
-{
-    QString result;
-    for (std::size_t at = 0; at < path.size();) {
-        std::size_t length = 0;
-        QString character;
-        do {
-            QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
-            ++length;
-            character = decoder.decode(QByteArrayView(path.data() + at, static_cast<qsizetype>(length)));
-            if (decoder.hasError())
-                character.clear();
-        } while (character.isEmpty() && length < 4 && at + length < path.size());
-        if (character.isEmpty()) {
-            character = QChar(static_cast<char16_t>(firstByteMark + static_cast<unsigned char>(path[at])));
-            length = 1;
-        }
-        result += character;
-        at += length;
-    }
-    return result;
-}
-
-std::string QtBridge::plainPath(const QString& path)
-{
-    std::string result;
-    for (qsizetype at = 0; at < path.size(); ++at) {
-        const char16_t unit = path[at].unicode();
-        if (path[at].isHighSurrogate() && at + 1 < path.size() && path[at + 1].isLowSurrogate())
-            result += path.mid(at++, 2).toStdString();
-        else if (unit >= firstByteMark + 0x80 && unit <= firstByteMark + 0xFF)
-            result += static_cast<char>(unit - firstByteMark);
-        else
-            result += QString(path[at]).toStdString();
-    }
-    return result;
-}
 
 std::string FolderItem::Name() const
 {
@@ -318,7 +275,7 @@ void TextOutputStream::Close()
 
 Ref<FolderItem> SpecialFolder::ApplicationData()
 {
-    return New<FolderItem>(QtBridge::plainPath(QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation)));
+    return New<FolderItem>(userDataFolder());
 }
 
 Ref<FolderItem> SpecialFolder::State()

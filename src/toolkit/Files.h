@@ -87,8 +87,8 @@ using FileFilter = std::vector<FileType>;
 namespace SpecialFolder {
 /// Where the programs of this user keep their data.
 Ref<FolderItem> ApplicationData();
-/// Where the program keeps for this user what is neither a map nor a preference: quorrin-map-maker in $XDG_STATE_HOME or
-/// ~/.local/state. It need not exist.
+/// Where the program keeps for this user what is neither a map nor a preference: quorrin-map-maker in $XDG_STATE_HOME
+/// or ~/.local/state. It need not exist.
 Ref<FolderItem> State();
 /// The folder of the running executable.
 Ref<FolderItem> Executable();

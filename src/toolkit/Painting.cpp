@@ -123,6 +123,23 @@ QImage shownPixels(const PictureStep& step, int scale, QSize wanted)
     return turned(withSize(all, step.source->size() * scale), step);
 }
 
+/// The step without what lies beyond the surface, if the picture is larger than that: to enlarge all of a drawing of
+/// 4096 by 4096 four times would take a gigabyte.
+PictureStep withinBounds(PictureStep step, const Surface& surface)
+{
+    const QPainter& painter = surface.painter;
+    const QRectF bounds = times(painter.worldTransform().inverted().mapRect(QRectF(painter.window())),
+                                1 / surface.pixelsPerUnit());
+    if (step.fit != PictureStep::Fit::Natural
+        || (step.target.width() <= bounds.width() && step.target.height() <= bounds.height()))
+        return step;
+    const QPointF corner = step.target.topLeft();
+    step.target &= bounds;
+    step.part = step.target.translated(-corner);
+    step.fit = PictureStep::Fit::Scaled;
+    return step;
+}
+
 void paintOnPicture(const PictureStep& step, const Surface& surface)
 {
     const QRectF target = times(step.target, surface.pixelsPerUnit());
@@ -236,10 +253,10 @@ void carryOut(const PictureStep& step, const Surface& surface)
         return;
     if (surface.kind == Surface::Kind::Paper)
         paintOnPaper(step, surface);
-    else if (surface.kind == Surface::Kind::Screen && surface.scale > 1)
-        paintOnScreen(step, surface);
-    else
+    else if (surface.scale == 1)
         paintOnPicture(step, surface);
+    else if (const PictureStep seen = withinBounds(step, surface); !seen.target.isEmpty())
+        surface.kind == Surface::Kind::Screen ? paintOnScreen(seen, surface) : paintOnPicture(seen, surface);
 }
 
 } // namespace
@@ -247,6 +264,28 @@ void carryOut(const PictureStep& step, const Surface& surface)
 void carryOut(const Step& step, const Surface& surface)
 {
     std::visit([&](const auto& known) { carryOut(known, surface); }, step);
+}
+
+bool PictureStep::operator==(const PictureStep& other) const
+{
+    return target == other.target && part == other.part && fit == other.fit && degrees == other.degrees
+           && upsideDown == other.upsideDown && source->showsWhat(*other.source);
+}
+
+std::optional<QRectF> touchedArea(const Step& step)
+{
+    struct Area {
+        std::optional<QRectF> operator()(const FillStep& fill) const { return fill.area; }
+        std::optional<QRectF> operator()(const RingStep& ring) const { return ring.area; }
+        std::optional<QRectF> operator()(const SweptStep& line) const { return line.area.boundingRect(); }
+        std::optional<QRectF> operator()(const StampedStep& line) const
+        {
+            return QRectF(line.from, line.to).normalized().adjusted(-1, -1, line.penWidth + 1, line.penHeight + 1);
+        }
+        std::optional<QRectF> operator()(const PictureStep& picture) const { return picture.target; }
+        std::optional<QRectF> operator()(const TextStep&) const { return std::nullopt; }
+    };
+    return std::visit(Area(), step);
 }
 
 QImage withSize(const QImage& image, QSize size)

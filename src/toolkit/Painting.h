@@ -10,6 +10,7 @@
 #include <QString>
 
 #include <memory>
+#include <optional>
 #include <variant>
 
 class QPainter;
@@ -39,6 +40,8 @@ struct Surface {
 struct FillStep {
     QRectF area;
     QColor color;
+
+    bool operator==(const FillStep&) const = default;
 };
 
 /// An oval's outline, inside the area.
@@ -47,12 +50,16 @@ struct RingStep {
     double penWidth, penHeight;
     QColor color;
     bool smooth;
+
+    bool operator==(const RingStep&) const = default;
 };
 
 /// A smooth line: the area that the pen covers on its way.
 struct SweptStep {
     QPolygonF area;
     QColor color;
+
+    bool operator==(const SweptStep&) const = default;
 };
 
 /// A line without smooth edges: the pen set down at each unit of the way.
@@ -60,6 +67,8 @@ struct StampedStep {
     QPointF from, to;
     double penWidth, penHeight;
     QColor color;
+
+    bool operator==(const StampedStep&) const = default;
 };
 
 struct PictureStep {
@@ -71,6 +80,9 @@ struct PictureStep {
     /// Clockwise, and after that upside down.
     double degrees = 0;
     bool upsideDown = false;
+
+    /// Equal when they show the same, though it was drawn anew.
+    bool operator==(const PictureStep& other) const;
 };
 
 struct TextStep {
@@ -79,11 +91,16 @@ struct TextStep {
     double size;
     double wrapWidth;
     QColor color;
+
+    bool operator==(const TextStep&) const = default;
 };
 
 using Step = std::variant<FillStep, RingStep, SweptStep, StampedStep, PictureStep, TextStep>;
 
 void carryOut(const Step& step, const Surface& surface);
+
+/// Where the step may change a surface, in units; nothing for what has no bounds that can be told beforehand.
+std::optional<QRectF> touchedArea(const Step& step);
 
 /// The image with exactly these pixels, scaled smoothly where it has others.
 QImage withSize(const QImage& image, QSize size);

@@ -91,6 +91,17 @@ private:
 
 } // namespace
 
+Ref<Picture> Picture::Later(std::int64_t width, std::int64_t height, std::function<void(quorrin::Graphics&)> draw)
+{
+    const QSize size = checkedSize(width, height);
+    return QtBridge::picture(std::make_shared<Drawing>(size, [=] {
+        Drawing drawn(size, false);
+        quorrin::Graphics g(std::make_unique<PictureDevice>([&]() -> Drawing& { return drawn; }, size));
+        draw(g);
+        return drawn.steps();
+    }));
+}
+
 Graphics& Picture::Graphics()
 {
     if (!content_->graphics) {

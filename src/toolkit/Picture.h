@@ -4,6 +4,7 @@
 #include "toolkit/Ref.h"
 
 #include <cstdint>
+#include <functional>
 #include <limits>
 #include <memory>
 #include <string>
@@ -33,6 +34,9 @@ public:
 
     /// The opaque form, white. `depth` is 32.
     Picture(std::int64_t width, std::int64_t height, int depth);
+
+    /// A picture with an alpha channel that `draw` draws when somebody first looks at it.
+    static Ref<Picture> Later(std::int64_t width, std::int64_t height, std::function<void(quorrin::Graphics&)> draw);
 
     static constexpr std::int64_t anyNumberOfPixels = std::numeric_limits<std::int64_t>::max();
 

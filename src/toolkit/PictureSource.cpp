@@ -3,6 +3,7 @@
 #include "toolkit/CarriedArt.h"
 #include "toolkit/Picture.h"
 #include "toolkit/PictureDecoding.h"
+#include "toolkit/Repainting.h"
 
 #include <QCache>
 #include <QColorSpace>
@@ -25,11 +26,12 @@ constexpr int mostDepth = 12;
 
 using LargerKey = std::pair<std::uint64_t, int>;
 
+constexpr int budgetKilobytes = 160 << 10;
+
 /// Pictures at larger scales; those that were not asked for longest go first. They outlive all static pictures, which
 /// take themselves out when the program ends.
 QCache<LargerKey, QImage>& largerPictures()
 {
-    constexpr int budgetKilobytes = 160 << 10;
     // Never destroyed: shared pictures that live longer would ask for it at their end.
     static auto& pictures = *new QCache<LargerKey, QImage>(budgetKilobytes);
     return pictures;
@@ -40,9 +42,16 @@ QImage larger(std::uint64_t id, int scale, const std::function<QImage()>& make)
     auto& known = largerPictures();
     if (const QImage* image = known.object({id, scale}))
         return *image;
-    const QImage made = make();
+    QImage made = make();
     known.insert({id, scale}, new QImage(made), std::max<qsizetype>(1, made.sizeInBytes() >> 10));
     return made;
+}
+
+/// Drops larger pictures until this much more fits the budget.
+void makeRoomFor(qint64 kilobytes)
+{
+    largerPictures().setMaxCost(budgetKilobytes - std::min<qint64>(kilobytes, budgetKilobytes));
+    largerPictures().setMaxCost(budgetKilobytes);
 }
 
 void forgetLarger(std::uint64_t id)
@@ -67,12 +76,14 @@ QImage pixelsOf(QImage image)
 
 bool isWhite(QRgb premultiplied)
 {
-    const int alpha = qAlpha(premultiplied);
-    return alpha > 0 && qRed(premultiplied) == alpha && qGreen(premultiplied) == alpha && qBlue(premultiplied) == alpha;
+    const QRgb alpha = premultiplied >> 24;
+    return alpha > 0 && premultiplied == alpha * 0x01010101;
 }
 
 QRgb fade(QRgb premultiplied, int cover)
 {
+    if (cover == 0 || cover == 255)
+        return cover == 0 ? 0 : premultiplied;
     const auto part = [cover](int value) { return (value * cover + 127) / 255; };
     return qRgba(part(qRed(premultiplied)), part(qGreen(premultiplied)), part(qBlue(premultiplied)),
                  part(qAlpha(premultiplied)));
@@ -84,13 +95,16 @@ QImage withMaskAndTransparency(const QImage& source, const QImage* mask, bool wh
     const QImage greys = mask ? mask->convertToFormat(QImage::Format_RGB32) : QImage();
     for (int y = 0; y < result.height(); ++y) {
         auto* line = reinterpret_cast<QRgb*>(result.scanLine(y));
-        const auto* grey = mask && y < greys.height() ? reinterpret_cast<const QRgb*>(greys.constScanLine(y)) : nullptr;
-        for (int x = 0; x < result.width(); ++x) {
-            if (whiteIsClear && isWhite(line[x]))
-                line[x] = 0;
-            if (mask)
-                line[x] = fade(line[x], grey && x < greys.width() ? 255 - qGray(grey[x]) : 0);
-        }
+        const int width = result.width();
+        if (whiteIsClear)
+            std::replace_if(line, line + width, isWhite, QRgb{0});
+        if (!mask)
+            continue;
+        const int masked = y < greys.height() ? std::min(width, greys.width()) : 0;
+        const auto* grey = masked > 0 ? reinterpret_cast<const QRgb*>(greys.constScanLine(y)) : nullptr;
+        for (int x = 0; x < masked; ++x)
+            line[x] = fade(line[x], 255 - qGray(grey[x]));
+        std::fill(line + masked, line + width, QRgb{0});
     }
     return result;
 }
@@ -98,6 +112,10 @@ QImage withMaskAndTransparency(const QImage& source, const QImage* mask, bool wh
 } // namespace
 
 Drawing::Drawing(QSize size, bool opaque) : PictureSource(size), origin_(Origin::Blank), opaque_(opaque), id_(newId())
+{}
+
+Drawing::Drawing(QSize size, std::function<std::vector<Step>()> makeSteps)
+    : PictureSource(size), origin_(Origin::Blank), opaque_(false), makeSteps_(std::move(makeSteps)), id_(newId())
 {}
 
 Drawing::Drawing(std::string artName, QSize size, bool opaque)
@@ -111,14 +129,26 @@ Drawing::Drawing(QSize size, QImage pixels, std::shared_ptr<const std::string> f
 
 Drawing::Drawing(const Drawing& other)
     : PictureSource(other), origin_(other.origin_), opaque_(other.opaque_), artName_(other.artName_),
-      file_(other.file_), steps_(other.steps_), depth_(other.depth_), plain_(other.plain_), painted_(other.painted_),
+      file_(other.file_), steps_(other.steps()), depth_(other.depth_), plain_(other.plain_), painted_(other.painted_),
       id_(newId())
 {}
 
 Drawing::~Drawing()
 {
-    if (hasLarger_)
-        forgetLarger(id_);
+    if (!hasLarger_)
+        return;
+    if (steps_.size() >= fewestStepsToRepaint)
+        for (int scale = 2; scale <= largestPictureScale; ++scale)
+            if (const std::unique_ptr<QImage> image{largerPictures().take({id_, scale})})
+                keepForRepainting({size(), opaque_, scale, steps_, std::move(*image)});
+    forgetLarger(id_);
+}
+
+const std::vector<Step>& Drawing::steps() const
+{
+    if (makeSteps_)
+        steps_ = std::exchange(makeSteps_, nullptr)();
+    return steps_;
 }
 
 bool Drawing::coversAll(const Step& step) const
@@ -139,7 +169,7 @@ void Drawing::draw(Step step)
     const int depth = picture ? picture->source->depth() + 1 : 1;
     // A line without smooth edges belongs to a drawing that is kept as pixels, in memory as in the map's file.
     const bool asPixels = origin_ != Origin::Blank || std::holds_alternative<StampedStep>(step)
-                          || steps_.size() >= mostSteps || depth > mostDepth;
+                          || steps().size() >= mostSteps || depth > mostDepth;
     if (asPixels) {
         QImage& image = pixels();
         if (image.isNull())
@@ -173,7 +203,7 @@ QImage Drawing::blank(int scale) const
     if (size().isEmpty())
         return {};
     QImage image(size() * scale, opaque_ ? QImage::Format_RGB32 : QImage::Format_ARGB32_Premultiplied);
-    if (steps_.empty() || !coversAll(steps_.front()))
+    if (steps().empty() || !coversAll(steps().front()))
         image.fill(opaque_ ? Qt::white : Qt::transparent);
     return image;
 }
@@ -182,7 +212,7 @@ QImage& Drawing::plain() const
 {
     if (plain_.isNull())
         plain_ = origin_ == Origin::Art ? plainArt(artName_) : blank(1);
-    if (painted_ < steps_.size() && !plain_.isNull()) {
+    if (painted_ < steps().size() && !plain_.isNull()) {
         QPainter painter(&plain_);
         for (; painted_ < steps_.size(); ++painted_)
             carryOut(steps_[painted_], {painter});
@@ -194,6 +224,9 @@ QImage Drawing::enlarged(int scale) const
 {
     if (origin_ == Origin::Art)
         return largeArt(artName_, size() * scale);
+    if (steps().size() >= fewestStepsToRepaint)
+        if (QImage image = repainted(size(), opaque_, scale, steps_); !image.isNull())
+            return image;
     QImage image = blank(scale);
     if (!image.isNull()) {
         QPainter painter(&image);
@@ -218,6 +251,9 @@ QImage Drawing::allPixels(int scale) const
     constexpr int asInFile = 0;
     hasLarger_ = true;
     return larger(id_, asInFile, [&] {
+        // A file of 16 bits a channel takes three times as much while it is decoded.
+        constexpr int whileDecoding = 3;
+        makeRoomFor(whileDecoding * (qint64(size().width()) * size().height() >> 8));
         const QImage decoded = decodedPicture(*file_, Picture::anyNumberOfPixels).image;
         return decoded.isNull() ? plain() : pixelsOf(decoded);
     });
@@ -234,14 +270,23 @@ bool Drawing::replay(const Surface& surface) const
         return false;
     if (opaque_)
         surface.painter.fillRect(QRectF(QPointF(0, 0), size()), Qt::white);
-    for (const Step& step : steps_)
+    for (const Step& step : steps())
         carryOut(step, surface);
     return true;
 }
 
 bool Drawing::isClear() const
 {
-    return size().isEmpty() || (origin_ == Origin::Blank && !opaque_ && steps_.empty());
+    return size().isEmpty() || (origin_ == Origin::Blank && !opaque_ && !makeSteps_ && steps_.empty());
+}
+
+bool Drawing::showsWhat(const PictureSource& other) const
+{
+    if (this == &other)
+        return true;
+    const auto* drawing = dynamic_cast<const Drawing*>(&other);
+    return drawing && origin_ == Origin::Blank && drawing->origin_ == Origin::Blank && opaque_ == drawing->opaque_
+           && size() == drawing->size() && steps() == drawing->steps();
 }
 
 MaskedPicture::MaskedPicture(std::shared_ptr<const PictureSource> own, std::shared_ptr<const PictureSource> mask,
@@ -269,7 +314,7 @@ QImage MaskedPicture::masked(int scale) const
 
 QImage MaskedPicture::at(int scale) const
 {
-    if (scale == 1) {
+    if (scale == 1 || (!mask_ && own_->isPixels())) {
         if (plain_.isNull())
             plain_ = masked(1);
         return plain_;

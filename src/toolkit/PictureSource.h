@@ -5,6 +5,7 @@
 #include "toolkit/Painting.h"
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -33,11 +34,17 @@ public:
     /// Carries out on paper, in units, what was drawn; false where there are only pixels.
     virtual bool replay(const Surface&) const { return false; }
 
+    /// Whether it has the same pixels at every scale.
+    virtual bool isPixels() const { return false; }
+
     /// Whether it hides all that lies below it.
     virtual bool isOpaque() const { return false; }
 
     /// Whether nothing of it would be seen.
     virtual bool isClear() const { return size_.isEmpty(); }
+
+    /// Whether it is known to show the same as the other at every scale.
+    virtual bool showsWhat(const PictureSource& other) const { return this == &other; }
 
     /// How many pictures drawn on pictures stand behind this one.
     virtual int depth() const { return 0; }
@@ -57,6 +64,8 @@ class Drawing : public PictureSource {
 public:
     /// A blank picture: white when it is opaque, else clear.
     Drawing(QSize size, bool opaque);
+    /// A clear picture with steps that are made when somebody first looks.
+    Drawing(QSize size, std::function<std::vector<Step>()> makeSteps);
     /// A picture that the program carries.
     Drawing(std::string artName, QSize size, bool opaque);
     /// Pixels, as many as the image has. Where the image file that they come from has more, its bytes are kept for
@@ -67,7 +76,8 @@ public:
     ~Drawing() override;
 
     bool isOpaque() const override { return opaque_; }
-    bool isPixels() const { return origin_ == Origin::Pixels; }
+    bool isPixels() const override { return origin_ == Origin::Pixels; }
+    const std::vector<Step>& steps() const;
 
     void draw(Step step);
     /// The pixels at scale 1, to be changed. From now on the picture is these pixels alone.
@@ -78,6 +88,7 @@ public:
     int scaleToMaskAt(int scale) const override;
     bool replay(const Surface& surface) const override;
     bool isClear() const override;
+    bool showsWhat(const PictureSource& other) const override;
     int depth() const override { return depth_; }
 
 private:
@@ -92,7 +103,9 @@ private:
     bool opaque_;
     std::string artName_;
     std::shared_ptr<const std::string> file_;
-    std::vector<Step> steps_;
+    mutable std::function<std::vector<Step>()> makeSteps_;
+    /// To be read by steps().
+    mutable std::vector<Step> steps_;
     int depth_ = 0;
     /// The pixels at scale 1 with the first `painted_` steps on them.
     mutable QImage plain_;

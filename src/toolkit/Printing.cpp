@@ -205,7 +205,7 @@ std::unique_ptr<Graphics> printToPdf(const std::string& path, const PrinterSetup
     pages->open(QIODevice::WriteOnly);
     auto writer = std::make_unique<QPdfWriter>(pages.get());
     writer->setCreator(QStringLiteral("Quorrin Map Maker"));
-    writer->setTitle(QFileInfo(QtBridge::qtPath(item->Name())).completeBaseName());
+    writer->setTitle(QFileInfo(QString::fromStdString(item->Name())).completeBaseName());
     QtBridge::applySetup(setup, *writer);
     auto graphics = std::make_unique<Graphics>(
         std::make_unique<PdfDevice>(std::move(file), std::move(pages), std::move(writer), std::move(failed)));

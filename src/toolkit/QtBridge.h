@@ -36,6 +36,8 @@ struct QtBridge {
     /// Paths as the toolkit has them, bytes that the file system takes, and as Qt has them.
     static QString qtPath(const std::string& path);
     static std::string plainPath(const QString& path);
+    /// Whether Qt by itself would take the path for another, as it has bytes that are no UTF-8.
+    static bool isMarkedPath(const QString& path);
 
     /// The picture's own pixels at natural size, without `Mask` and `Transparent`.
     static QImage image(const Picture& picture);

@@ -26,6 +26,7 @@ public:
     T* operator->() const { return &**this; }
     explicit operator bool() const { return object_ != nullptr; }
     T* get() const { return object_.get(); }
+    operator Ref<const T>() const { return Ref<const T>(object_); }
     friend bool operator==(const Ref& a, const Ref& b) { return a.object_ == b.object_; }
 
 private:
@@ -38,5 +39,25 @@ Ref<T> New(Arguments&&... arguments)
 {
     return Ref<T>(std::make_shared<T>(std::forward<Arguments>(arguments)...));
 }
+
+/// A reference to a part of its owner: the part of a constant owner is constant, too.
+template <typename T>
+class Owned {
+public:
+    Owned() = default;
+    Owned(Ref<T> part) : part_(std::move(part)) {}
+
+    T& operator*() { return *part_; }
+    const T& operator*() const { return *part_; }
+    T* operator->() { return &*part_; }
+    const T* operator->() const { return &*part_; }
+    explicit operator bool() const { return static_cast<bool>(part_); }
+    operator const Ref<T>&() { return part_; }
+    operator Ref<const T>() const { return part_; }
+    friend bool operator==(const Owned& a, const Ref<T>& b) { return a.part_ == b; }
+
+private:
+    Ref<T> part_;
+};
 
 } // namespace quorrin

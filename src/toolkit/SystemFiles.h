@@ -69,6 +69,8 @@ std::error_code makePrivateFolder(const std::string& path);
 /// The same under a name that is not in use yet and begins with `path`. Gives the whole path.
 std::string makeUnusedPrivateFolder(const std::string& path, std::error_code& error);
 
+/// Where the programs of this user keep their data.
+std::string userDataFolder();
 /// Where the programs of this user keep what is neither a document nor a preference.
 std::string userStateFolder();
 

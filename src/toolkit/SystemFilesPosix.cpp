@@ -42,10 +42,14 @@ constexpr mode_t forAll = 0666;
 constexpr mode_t forUser = 0600;
 constexpr mode_t folderForUser = 0700;
 
-std::string variable(const char* name)
+/// The folder that the variable names, else that in the home folder.
+std::string userFolder(const char* variable, const char* inHome)
 {
-    const char* value = std::getenv(name);
-    return value ? value : "";
+    const char* folder = std::getenv(variable);
+    if (folder && *folder == '/')
+        return folder;
+    const char* home = std::getenv("HOME");
+    return std::string(home ? home : "") + inHome;
 }
 
 } // namespace
@@ -156,10 +160,14 @@ std::string makeUnusedPrivateFolder(const std::string& path, std::error_code& er
     return folder;
 }
 
+std::string userDataFolder()
+{
+    return userFolder("XDG_DATA_HOME", "/.local/share");
+}
+
 std::string userStateFolder()
 {
-    const auto state = variable("XDG_STATE_HOME");
-    return state.starts_with('/') ? state : variable("HOME") + "/.local/state";
+    return userFolder("XDG_STATE_HOME", "/.local/state");
 }
 
 } // namespace quorrin

@@ -153,10 +153,15 @@ std::string makeUnusedPrivateFolder(const std::string& path, std::error_code& er
     }
 }
 
-std::string userStateFolder()
+std::string userDataFolder()
 {
     const wchar_t* folder = _wgetenv(L"LOCALAPPDATA");
     return folder ? fs::path(folder).string() : fs::temp_directory_path().string();
+}
+
+std::string userStateFolder()
+{
+    return userDataFolder();
 }
 
 } // namespace quorrin

@@ -1,4 +1,4 @@
-#include "app/Module1.h"
+#include "document/Module1.h"
 #include "document/Window1.h"
 #include "userpicture/frmEditUserPicture.h"
 

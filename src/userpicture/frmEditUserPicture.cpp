@@ -1,7 +1,7 @@
 #include "userpicture/frmEditUserPicture.h"
 
-#include "app/Module1.h"
 #include "document/FileTypes1.h"
+#include "document/Module1.h"
 #include "render/Art.h"
 #include "toolkit/Platform.h"
 
@@ -131,7 +131,7 @@ void frmEditUserPicture::Canvas1_MouseDrag(int x, int y)
 {
     auto& g = myImage->Graphics();
     g.AntiAlias = false; // or white would leave grey edges where it erases
-    g.ForeColor = PopupMenu1.ListIndex == 0 ? black : white;
+    g.ForeColor = PopupMenu1.ListIndex == BlackPen ? black : white;
     g.PenWidth = g.PenHeight = static_cast<double>(PopupMenu2.ListIndex + 1);
     const auto line = [&g](std::int64_t x1, std::int64_t y1, std::int64_t x2, std::int64_t y2) {
         g.DrawLine(static_cast<double>(x1), static_cast<double>(y1), static_cast<double>(x2), static_cast<double>(y2));

@@ -62,6 +62,7 @@ public:
     const Place penTab = TabPanel1.Page(0);
     Label Label1{penTab, {33, 59, 80, 20}, "Color"};
     PopupMenu PopupMenu1{penTab, {125, 58, 167, 22}, {"Black", "White"}};
+    enum PenColor { BlackPen, WhitePen };
     Label Label2{penTab, {33, 93, 80, 20}, "Pen Width"};
     PopupMenu PopupMenu2{penTab, {125, 92, 167, 22}, {"1", "2", "3", "4", "5"}};
     PushButton PushButton2{

@@ -1,5 +1,6 @@
 #include "Person.h"
 
+#include <QComboBox>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
@@ -13,6 +14,7 @@ class Dialog : public Window {
 public:
     explicit Dialog(Kind kind = Kind::Modal) : Window(kind, "A [*] dialog", 300, 120) {}
     void Event_Open() override { opened = true; }
+    bool Event_CancelClose(bool) override { return failsToClose ? throw IOException("full") : false; }
     void Opened() { timerRan = opened; }
     void Ok() { answer = Field.Text, Close(); }
     void Cancel() { answer = "cancelled", Close(); }
@@ -39,6 +41,7 @@ public:
     Timer Start{this, 1, &Dialog::Opened};
 
     bool failsToPaint = false;
+    bool failsToClose = false;
     bool opened = false;
     bool timerRan = false;
     std::string answer;
@@ -78,22 +81,14 @@ TEST_F(AnyWindow, IsADialogThatReturnAndEscapeEnd)
                   EXPECT_EQ(QApplication::focusWidget(), view.findChild<QLineEdit*>()) << "the first to be worked";
                   EXPECT_EQ(view.windowModality(), Qt::ApplicationModal);
                   EXPECT_FALSE(view.windowFlags() & Qt::WindowCloseButtonHint);
+                  EXPECT_EQ(view.windowTitle(), "A [*][*] dialog[*]");
+                  EXPECT_EQ(QApplication::focusWidget()->accessibleName(), "Name");
                   QTest::keyClicks(QApplication::focusWidget(), "12");
                   QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
               }),
               "12");
     EXPECT_EQ(show([](DesktopWindow& view) { QTest::keyClick(&view, Qt::Key_Escape); }), "cancelled");
     EXPECT_EQ(show([](DesktopWindow& view) { view.close(); }), "cancelled") << "closing is what its Cancel does";
-}
-
-TEST_F(AnyWindow, ShowsItsNamesAsTheyAre)
-{
-    show([this](DesktopWindow& view) {
-        EXPECT_EQ(view.windowTitle(), "A [*][*] dialog[*]");
-        EXPECT_EQ(widgetOf(dialog.Field).accessibleName(), "Name");
-        EXPECT_TRUE(static_cast<QPushButton&>(widgetOf(dialog.OkButton)).isDefault());
-        dialog.Close();
-    });
 }
 
 TEST_F(AnyWindow, HandsTheMouseToItsCanvases)
@@ -107,6 +102,16 @@ TEST_F(AnyWindow, HandsTheMouseToItsCanvases)
         QCoreApplication::sendEvent(&area, &drag);
         EXPECT_EQ(dialog.at, std::pair(70, -3)) << "the way leads on beyond the edge";
         QTest::mouseRelease(&area, Qt::LeftButton);
+        area.setFocus();
+        QTest::keyPress(&area, Qt::Key_Space); // in the middle
+        EXPECT_EQ(dialog.at, std::pair(24, 24));
+        for (const auto& [key, to] : {std::pair{Qt::Key_Right, std::pair(34, 24)},
+                                      {Qt::Key_Up, {34, 14}},
+                                      {Qt::Key_Right, {44, 14}},
+                                      {Qt::Key_Right, {49, 14}}}) {
+            QTest::keyClick(&area, key);
+            EXPECT_EQ(dialog.at, to);
+        }
         dialog.Close();
     });
 }
@@ -136,7 +141,14 @@ TEST_F(AnyWindow, OutlivesHandlersThatFail)
         EXPECT_EQ(messageAfter([&] { QTest::keyClick(&widgetOf(dialog.Rows), Qt::Key_Down); }), beyond);
         EXPECT_TRUE(dialog.Failing.Value);
         EXPECT_EQ(dialog.Rows.ListIndex, 1);
+        dialog.Rows.ListIndex.check = [](std::int64_t row) { throw OutOfBoundsException(row + 5); };
+        EXPECT_EQ(messageAfter([&] { QTest::keyClick(&widgetOf(dialog.Rows), Qt::Key_Up); }),
+                  "There is no element 5 in this list.");
+        EXPECT_EQ(static_cast<QComboBox&>(widgetOf(dialog.Rows)).currentIndex(), 1) << "what the control kept";
+        dialog.failsToClose = true;
+        EXPECT_EQ(messageAfter([&] { dialog.Close(); }), "full");
         EXPECT_TRUE(view.isVisible());
+        dialog.failsToClose = false;
         dialog.Close();
     });
 }

@@ -51,16 +51,14 @@ TEST_F(MouseOver, TheMapShowsWhatAClickWouldHit)
         EXPECT_FALSE(handOver(window.Canvas1, betweenSquares));
         EXPECT_EQ(imageOf(window.Canvas1), plain);
         EXPECT_TRUE(handOver(window.Canvas1, firstSquare));
-        QRegion changed;
         const QImage framed = imageOf(window.Canvas1);
+        const QRect frame(6, 41, 63, 63), inside(8, 43, 59, 59);
         forEachPixel(plain.width(), plain.height(), [&](auto x, auto y) {
             const QPoint at(static_cast<int>(x), static_cast<int>(y));
-            if (framed.pixel(at) != plain.pixel(at))
-                changed += QRect(at, QSize(1, 1));
+            const bool isFrame = frame.contains(at) && !inside.contains(at);
+            ASSERT_EQ(isFrame ? plain.pixel(at) : framed.pixel(at), plain.pixel(at)) << x << "," << y;
         });
-        EXPECT_TRUE(QRect(6, 41, 63, 63).contains(changed.boundingRect()));
-        EXPECT_FALSE(changed.contains(firstSquare));
-        EXPECT_FALSE(changed.isEmpty());
+        EXPECT_NE(framed, plain);
     }
     EXPECT_EQ(pixelOf(window.myImage, 7, 42), RGB(255, 255, 255)) << "the page itself has no frame";
     QEvent leave(QEvent::Leave);
@@ -78,13 +76,7 @@ TEST_F(MouseOver, WhatNoCaptionExplainsIsToldWhileTheMouseRests)
     EXPECT_EQ(tipOver(window.Canvas1, firstSquare), "Column 1, row 1: Barrel Vert");
     tipOver(window.Canvas1, betweenSquares);
     EXPECT_TRUE(QTest::qWaitFor([] { return !QToolTip::isVisible(); }));
-    for (const Control* control :
-         {static_cast<const Control*>(&window.pmVisibleLayers), static_cast<const Control*>(&window.pmObjectLayer),
-          static_cast<const Control*>(&window.pmColorBW)})
-        EXPECT_FALSE(widgetOf<QWidget>(*control).toolTip().isEmpty()) << control->AccessibleName;
-
     window.TabPanel1.Value = Window1::WallTool;
-    EXPECT_TRUE(tipOver(window.Canvas2, {30, 30}).startsWith("No walls\n"));
     window.CheckBox1.Value = window.CheckBox3.Value = window.cbDoorTop.Value = true;
     EXPECT_TRUE(tipOver(window.Canvas2, {30, 30}).startsWith("walls top, left; door top\n"));
     EXPECT_FALSE(handOver(window.Canvas2, {30, 30}));

@@ -1,4 +1,4 @@
-#include "Pages.h"
+#include "Objects.h"
 #include "Pictures.h"
 #include "Windows.h"
 #include "app/App.h"
@@ -32,11 +32,11 @@ private:
 
 } // namespace
 
-/// Makes the help from the pages in SOURCE and an example map.
+/// Makes what the help needs of the program itself: its pictures, from an example map, and a list of all objects.
 int main(int argc, char** argv)
 {
     if (argc != 4) {
-        std::fputs("usage: build-help SOURCE MAP TARGET\n", stderr);
+        std::fputs("usage: help-pictures MAP PICTURES OBJECTS\n", stderr);
         return 2;
     }
     try {
@@ -48,13 +48,11 @@ int main(int argc, char** argv)
         QApplication::setCursorFlashTime(0); // else the clock says whether a caret is in a picture
         quorrin::setUpDesktop();
         quorrin::UnattendedApp().Event_Open();
-        const std::string map = argv[2];
-        const std::string pictures = std::string(argv[3]) + "/images";
-        quorrin::writeHelpPictures(pictures, map);
-        quorrin::writeWindowPictures(pictures, map);
-        quorrin::writeHelpPages(argv[1], argv[3]);
+        quorrin::writeHelpPictures(argv[2], argv[1]);
+        quorrin::writeWindowPictures(argv[2], argv[1]);
+        quorrin::writeObjectList(argv[3]);
     } catch (const std::exception& error) {
-        std::fprintf(stderr, "build-help: %s\n", error.what());
+        std::fprintf(stderr, "help-pictures: %s\n", error.what());
         return 1;
     }
 }

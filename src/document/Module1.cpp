@@ -1,4 +1,4 @@
-#include "app/Module1.h"
+#include "document/Module1.h"
 
 namespace quorrin::Module1 {
 

@@ -35,15 +35,15 @@ extern bool gSkipWallColor;
 
 /// Shows the page-setup dialog and keeps what was chosen, across runs too.
 /// At first it proposes this orientation.
-void ShowPageSetup(bool landscape = true); // Preferences.cpp
+void ShowPageSetup(bool landscape = true); // src/app
 /// Opens a page of the help beside the program, or else the first page of the installed one, in the system's browser.
-void OpenThisHelpFile(const std::string& fileName); // Help.cpp
+void OpenThisHelpFile(const std::string& fileName); // src/app
 /// Opens that very page wherever the help is.
-void OpenHelpPage(const std::string& fileName); // Help.cpp
+void OpenHelpPage(const std::string& fileName); // src/app
 /// The colour as the hexadecimal number RRGGBB with no leading zeros.
-std::string Color2HexString(Color color); // src/document/SquareText.cpp
+std::string Color2HexString(Color color); // SquareText.cpp
 /// The colour of a hexadecimal text; of a longer number the lowest six digits.
-Color ColorFromHexString(const std::string& text); // src/document/SquareText.cpp
+Color ColorFromHexString(const std::string& text); // SquareText.cpp
 
 } // namespace Module1
 
