@@ -37,8 +37,7 @@ constexpr DWORD sharedByAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DE
 std::intptr_t opened(const std::string& path, DWORD access, DWORD sharing, DWORD creation, bool followsLinks)
 {
     const DWORD attributes = FILE_ATTRIBUTE_NORMAL | (followsLinks ? 0 : FILE_FLAG_OPEN_REPARSE_POINT);
-    const HANDLE handle =
-        CreateFileW(fs::path(path).c_str(), access, sharing, nullptr, creation, attributes, nullptr);
+    const HANDLE handle = CreateFileW(fs::path(path).c_str(), access, sharing, nullptr, creation, attributes, nullptr);
     return reinterpret_cast<std::intptr_t>(handle);
 }
 
