@@ -43,6 +43,13 @@ function(check_with_tidy SOURCE HEADER)
   set(style_stamps ${style_stamps} PARENT_SCOPE)
 endfunction()
 
+# What is not compiled here cannot be checked: what is written for another system, and bench unless it is built.
+list(FILTER sources EXCLUDE REGEX ${other_system})
+if(NOT QUORRIN_BENCH)
+  list(FILTER sources EXCLUDE REGEX "^${PROJECT_SOURCE_DIR}/bench/")
+  list(FILTER headers EXCLUDE REGEX "^${PROJECT_SOURCE_DIR}/bench/")
+endif()
+
 foreach(source IN LISTS sources)
   cmake_path(REPLACE_EXTENSION source .h OUTPUT_VARIABLE header)
   if(header IN_LIST headers)

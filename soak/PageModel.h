@@ -17,7 +17,7 @@ inline quorrin::Ref<quorrin::Picture> modelPage(quorrin::Window1& window)
     const auto layers = window.pmVisibleLayers.ListIndex.get();
     const auto mode = window.pmColorBW.ListIndex.get();
     const int width = portrait ? 576 : 756, height = 756 + 576 - width;
-    const auto page = New<Picture>(width, height, 32);
+    auto page = New<Picture>(width, height, 32);
     auto& g = page->Graphics();
     const auto fill = [&](Color color, int x, int y, int w, int h) { g.ForeColor = color, g.FillRect(x, y, w, h); };
     const auto art = [&](const std::string& name, int x, int y) { g.DrawPicture(Picture::OpenFromApp(name), x, y); };

@@ -446,9 +446,7 @@ long memory()
     return resident * sysconf(_SC_PAGESIZE) >> 20;
 }
 
-} // namespace
-
-int main(int argc, char** argv)
+int run(int argc, char** argv)
 {
     const ScreenlessToolkit toolkit(argc, argv);
     const long operations = argc > 1 ? std::atol(argv[1]) : 1000;
@@ -473,4 +471,16 @@ int main(int argc, char** argv)
     }
     std::filesystem::remove_all(folder);
     return same ? 0 : 1;
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    try {
+        return run(argc, argv);
+    } catch (const std::exception& failure) {
+        std::fprintf(stderr, "%s\n", failure.what());
+        return 2;
+    }
 }

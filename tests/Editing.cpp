@@ -21,7 +21,8 @@ TEST_F(HitTest, ASquareReaches60PixelsBeyondItsCorner)
 {
     for (const int portrait : {0, 1}) {
         window.pmLandscape.ListIndex = portrait;
-        const auto [left, top, columns, rows] = portrait ? std::tuple{38, 7, 8, 12} : std::tuple{7, 42, 12, 8};
+        const int left = portrait ? 38 : 7, columns = portrait ? 8 : 12;
+        const int top = portrait ? 7 : 42, rows = portrait ? 12 : 8;
         const auto numberAt = [](std::int64_t place, int first, int count) {
             const auto beyond = place - first;
             return beyond >= 0 && beyond / 62 < count && beyond % 62 <= 60 ? static_cast<int>(beyond / 62) + 1 : 0;

@@ -1,6 +1,7 @@
 #include "Fixture.h"
 
 #include "app/iniClass.h"
+#include "document/FileTypes1.h"
 #include "toolkit/Platform.h"
 
 using namespace quorrin;
@@ -77,4 +78,14 @@ TEST_F(Preferences, KeepThePageSetupAcrossRuns)
     Module1::ShowPageSetup();
     EXPECT_EQ(Module1::myPrinterSetup->SetupString, chosen);
     EXPECT_EQ(contentOf(file->Path()), content);
+}
+
+/// That a map opens with the program is tested on the installation itself.
+TEST(FileTypes, TheInstallationTellsMapsByTheirExtension)
+{
+    const auto entry = contentOf(QUORRIN_SOURCE_DIR "/packaging/org.quorrin.mapmaker.mime.xml");
+    for (const auto& type : FileTypes1::pAllFileTypes) {
+        const auto glob = "<glob pattern=\"*" + type.Extensions + "\"/>";
+        EXPECT_EQ(entry.find(glob) == entry.npos, type.Imported) << type.Name;
+    }
 }

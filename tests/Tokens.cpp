@@ -31,7 +31,7 @@ Ref<Picture> drawn(const cCharacter& token, std::int64_t width = 60)
 /// down on the upper one, and the frame.
 Ref<Picture> tokenByRules(const Ref<Picture>& figure, int width)
 {
-    const auto token = New<Picture>(width, 270, 32);
+    auto token = New<Picture>(width, 270, 32);
     auto& g = token->Graphics();
     g.ForeColor = grey;
     for (const int fold : {22, 135, 248})

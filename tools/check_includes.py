@@ -1,6 +1,6 @@
 #!/usr/bin/python3
-"""Refuses an include that climbs the ladder of the folders (docs/architecture.md) or goes around it, and Qt or the system
-where they do not belong."""
+"""Refuses an include that climbs the ladder of the folders (docs/architecture.md) or goes around it, and Qt or the
+system where it does not belong."""
 
 import re
 import sys
@@ -18,12 +18,13 @@ RUNGS = {
 QT_HEADER = "toolkit/QtBridge.h"
 QT_HEADERS = {QT_HEADER} | {f"toolkit/{name}.h" for name in
                             ("CarriedArt", "LaidOutText", "Painting", "PictureDecoding", "PictureSource",
-                              "Repainting")}
+                             "Repainting")}
+# The build makes it, so it lies in no folder of the ladder.
+MADE = "ArtPictures.inc"
+
 # Of POSIX and Windows, some of which the other has, too.
 SYSTEM = re.compile(r"sys/|(unistd|fcntl|dirent|poll|pthread|pwd|spawn|io|windows)\.h$")
 SYSTEM_FILES = re.compile(r"(Posix|Windows)\.cpp$")
-# The build makes it, so it lies in no folder of the ladder.
-MADE = "ArtPictures.inc"
 
 INCLUDE = re.compile(r"^[ \t]*#[ \t]*include\b[ \t]*(\S+).*$", re.MULTILINE)
 TEXT_OR_COMMENT = re.compile(r'"(?:\\.|[^"\\\n])*"|//[^\n]*|/\*.*?\*/', re.DOTALL)
@@ -50,12 +51,12 @@ def fault_of_include(here, include):
         own = here.parts[0]
         fine = folder == own or RUNGS[folder] < RUNGS[own]
         return None if fine else f"climbs: {name}"
+    if SYSTEM.match(name) and not SYSTEM_FILES.search(here.name):
+        return f"names the system: {name}"
     if QT_INCLUDE.search(name):
         if not may_name_qt(here):
             return f"names Qt: {name}"
         return None if include[0] == "<" else f"names Qt in quotes: {name}"
-    if SYSTEM.match(name) and not SYSTEM_FILES.search(here.name):
-        return f"names the system: {name}"
     return None if include[0] == "<" or name == MADE else f"goes around the ladder: {name}"
 
 

@@ -5,11 +5,6 @@
 
 namespace quorrin {
 
-App::App()
-{
-    MenuBar = MainMenuBar();
-}
-
 void App::Event_Open()
 {
     AutoQuit = true;

@@ -7,8 +7,6 @@ namespace quorrin {
 /// The application.
 class App : public Application {
 public:
-    /// Brings up the menu bar; the platform must be set.
-    App();
     void Event_Open() override;
     /// Remembers a map file that the system hands over; only the one that is there when the window opens is opened.
     void Event_OpenDocument(const Ref<FolderItem>& item) override;
@@ -20,8 +18,5 @@ public:
 class UnattendedApp : public App {
     void SetupPreferences() override {}
 };
-
-/// Makes the main window's menu bar.
-Ref<MenuBar> MainMenuBar();
 
 } // namespace quorrin

@@ -1,7 +1,8 @@
-#include "app/App.h"
 #include "document/Window1.h"
 
 namespace quorrin {
+
+namespace {
 
 Ref<MenuBar> MainMenuBar()
 {
@@ -39,8 +40,12 @@ Ref<MenuBar> MainMenuBar()
     });
 }
 
-void Window1::AddMenuHandlers()
+} // namespace
+
+/// The menu bar of the window is the application's, too.
+void Window1::SetUpMenuBar()
 {
+    MenuBar = MainMenuBar();
     AddMenuHandler("mnuSavePicture", &Window1::_mnuSavePicture_Action);
     AddMenuHandler("mnuAbout", &Window1::_mnuAbout_Action);
     AddMenuHandler("mnuSave", &Window1::_mnuSave_Action);

@@ -1,4 +1,3 @@
-#include "app/App.h"
 #include "characters/Roster.h"
 #include "document/Window1.h"
 #include "edit/HitTest.h"
@@ -93,8 +92,7 @@ Window1::Window1() : Window(Kind::Main, "Quorrin Map Maker", 1104, 796)
     cvCharacters.DescribePlace = [this](int x, int y) { return describeToken(*this, x, y); };
     cvCharacters.PlaceAt = [](int x, int y) { return tokenFrame(tokenAt(x, y)); };
     btnMaze.Enabled = false;
-    MenuBar = MainMenuBar();
-    AddMenuHandlers();
+    SetUpMenuBar();
 }
 
 Window1::~Window1()

@@ -198,8 +198,8 @@ bool Recovery::recover(std::unique_ptr<RecoveryCopy>& abandoned)
         return true;
     } catch (const std::exception&) {
         abandoned->SetAside();
-        MsgBox("The copy of " + titleOf(abandoned->About()) + " is damaged and cannot be opened. It stays in the folder \""
-               + abandoned->Path() + "\".");
+        MsgBox("The copy of " + titleOf(abandoned->About())
+               + " is damaged and cannot be opened. It stays in the folder \"" + abandoned->Path() + "\".");
         return false;
     }
 }

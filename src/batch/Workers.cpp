@@ -111,8 +111,9 @@ bool runAll(const Request& request)
             fs::remove(folder, inUse);
         progress.clear();
     };
-    shareWork(std::min(request.jobs, static_cast<int>(request.maps.size())), static_cast<int>(request.maps.size()),
-              [&](const NextMap& nextMap, const Tell& tell) { work(request, nextMap, tell); }, take, cleanUp);
+    shareWork(
+        std::min(request.jobs, static_cast<int>(request.maps.size())), static_cast<int>(request.maps.size()),
+        [&](const NextMap& nextMap, const Tell& tell) { work(request, nextMap, tell); }, take, cleanUp);
     for (std::size_t map = 0; map < finished.size(); ++map) {
         if (!finished[map]) {
             allWell = false;

@@ -1,5 +1,6 @@
 #include "desktop/AnyFileName.h"
 
-/// All names are UTF-16 there.
+// File names are texts there, all of which Qt knows.
+
 void quorrin::allowAnyFileName()
 {}

@@ -12,8 +12,8 @@ namespace quorrin {
 /// The window that the person looks at: the dialog that waits, else the main window; nil when none is shown.
 QWidget* frontWidget();
 
-/// The copies that a person chose for a printer, which makes one from now on: each print makes its copies itself, or has
-/// its own reason to make one.
+/// The copies that a person chose for a printer, which makes one from now on: each print makes its copies itself, or
+/// has its own reason to make one.
 int takeCopies(QPrinter& printer);
 
 } // namespace quorrin

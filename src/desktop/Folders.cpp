@@ -1,6 +1,9 @@
 #include "desktop/Folders.h"
 
+#include "desktop/QtText.h"
+
 #include "app/iniClass.h"
+#include "document/FileTypes1.h"
 #include "toolkit/QtBridge.h"
 
 #include <QDir>
@@ -49,7 +52,8 @@ bool isFolder(const std::string& path)
 
 FileKind kindOfFile(const QString& nameOrFilter)
 {
-    return nameOrFilter.contains(QLatin1String(".qrnm"), Qt::CaseInsensitive) ? FileKind::Map : FileKind::Picture;
+    const QString extension = qtText(FileTypes1::QuorrinMap.Extensions);
+    return nameOrFilter.contains(extension, Qt::CaseInsensitive) ? FileKind::Map : FileKind::Picture;
 }
 
 std::string startFolder(FileKind kind)

@@ -66,9 +66,9 @@ std::unique_ptr<Graphics> DesktopPlatform::OpenPrinterDialog(const PrinterSetup&
         if (auto* widget = dialog.findChild<QWidget*>(choice))
             widget->setEnabled(false);
     offerColorModeToPrintersOnly(dialog, *printer);
-    const auto file = std::filesystem::path(startFolder(FileKind::Map)) / (title + ".pdf");
     if (auto* fileName = dialog.findChild<QLineEdit*>(QStringLiteral("filename")))
-        fileName->setText(QtBridge::qtPath(file.string()));
+        fileName->setText(
+            QtBridge::qtPath((std::filesystem::path(startFolder(FileKind::Map)) / (title + ".pdf")).string()));
     if (dialog.exec() != QDialog::Accepted)
         return nullptr;
     const int copies = takeCopies(*printer);

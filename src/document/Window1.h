@@ -201,7 +201,7 @@ public:
 
     // --- Menus and help (src/app) ------------------------------------------------------------------------------
 
-    void AddMenuHandlers();
+    void SetUpMenuBar();
     void Event_EnableMenuItems() override;
     /// Opens the help on the page of the tab or page that shows.
     void Event_Help() override;

@@ -25,8 +25,8 @@ struct PictureKind {
     int scale;
 };
 const PictureKind pictureKinds[] = {
-    {FileTypes1::PngPicture, 1},
-    {FileTypes1::SharpPngPicture, 4},
+    {{"PNG picture", FileTypes1::Png.Extensions}, 1},
+    {{"PNG picture, 4 times as sharp", FileTypes1::Png.Extensions}, 4},
 };
 
 /// An area of the page, in its units.

@@ -46,8 +46,9 @@ const Ref<Picture>& markerTile(std::int64_t markerNumber)
     auto& tile = drawn(known);
     // Fonts are loaded for a marker that is seen, and for none else: that takes as long as a page.
     if (!tile)
-        tile = known == blank ? New<Picture>(markerTileSize, markerTileSize)
-                          : Picture::Later(markerTileSize, markerTileSize, [=](Graphics& g) { drawMarker(g, known); });
+        tile = known == blank
+                   ? New<Picture>(markerTileSize, markerTileSize)
+                   : Picture::Later(markerTileSize, markerTileSize, [=](Graphics& g) { drawMarker(g, known); });
     return tile;
 }
 

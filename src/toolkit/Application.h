@@ -1,7 +1,6 @@
 #pragma once
 
 #include "toolkit/Files.h"
-#include "toolkit/Menu.h"
 
 #include <memory>
 #include <string>
@@ -21,7 +20,6 @@ public:
     bool AutoQuit = false;
     /// The version of the build, as "1.2.3".
     static std::string Version();
-    Ref<quorrin::MenuBar> MenuBar;
 };
 
 /// Sets the toolkit up for a program without a screen (pictures, text, files, PDF), for its own lifetime. A program

@@ -74,11 +74,19 @@ private:
     std::unique_ptr<Impl> impl_;
 };
 
-/// A kind of file, as dialogs offer it.
+/// A kind of file. Dialogs offer it by its name and extensions; the rest is for systems that tell kinds by other marks.
 struct FileType {
     std::string Name;
     /// With their dots, separated by ";".
     std::string Extensions;
+    std::string MimeType{};
+    std::string MacType{};
+    std::string MacCreator{};
+    /// Whether another program owns the kind.
+    bool Imported = false;
+    /// The uniform type identifiers of a wider kind and of this one.
+    std::string ConformsTo{};
+    std::string UTI{};
 };
 
 /// Kinds of file that a dialog offers; none means any file.

@@ -128,8 +128,8 @@ QImage shownPixels(const PictureStep& step, int scale, QSize wanted)
 PictureStep withinBounds(PictureStep step, const Surface& surface)
 {
     const QPainter& painter = surface.painter;
-    const QRectF bounds = times(painter.worldTransform().inverted().mapRect(QRectF(painter.window())),
-                                1 / surface.pixelsPerUnit());
+    const QRectF bounds =
+        times(painter.worldTransform().inverted().mapRect(QRectF(painter.window())), 1 / surface.pixelsPerUnit());
     if (step.fit != PictureStep::Fit::Natural
         || (step.target.width() <= bounds.width() && step.target.height() <= bounds.height()))
         return step;

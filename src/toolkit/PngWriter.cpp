@@ -10,8 +10,9 @@
 #include <memory>
 #include <vector>
 
-// One filter that suits maps, and a compressor faster than zlib: a whole export takes 10 to 30 % less time than with the
-// writers of Qt and libpng at the levels that give files of about this size, and the files are no larger than theirs.
+// One filter that suits maps, and a compressor faster than zlib: a whole export takes 10 to 30 % less time than with
+// the writers of Qt and libpng at the levels that give files of about this size, and the files are no larger than
+// theirs.
 
 namespace quorrin {
 

@@ -21,9 +21,8 @@ std::optional<PaintedPicture>& kept()
 std::optional<QRectF> differingArea(const std::vector<Step>& before, const std::vector<Step>& now)
 {
     const auto [firstBefore, firstNow] = std::mismatch(before.begin(), before.end(), now.begin(), now.end());
-    const auto [lastBefore, lastNow] =
-        std::mismatch(before.rbegin(), std::make_reverse_iterator(firstBefore), now.rbegin(),
-                      std::make_reverse_iterator(firstNow));
+    const auto [lastBefore, lastNow] = std::mismatch(before.rbegin(), std::make_reverse_iterator(firstBefore),
+                                                     now.rbegin(), std::make_reverse_iterator(firstNow));
     QRectF area;
     const auto add = [&](auto first, auto last) {
         return std::all_of(first, last, [&](const Step& step) {

@@ -69,9 +69,9 @@ std::error_code makePrivateFolder(const std::string& path);
 /// The same under a name that is not in use yet and begins with `path`. Gives the whole path.
 std::string makeUnusedPrivateFolder(const std::string& path, std::error_code& error);
 
-/// Where the programs of this user keep their data.
+/// Where the programs of this user keep their preferences, as bytes that need be no UTF-8.
 std::string userDataFolder();
-/// Where the programs of this user keep what is neither a document nor a preference.
+/// Where they keep what is neither a document nor a preference.
 std::string userStateFolder();
 
 } // namespace quorrin

@@ -42,14 +42,17 @@ constexpr mode_t forAll = 0666;
 constexpr mode_t forUser = 0600;
 constexpr mode_t folderForUser = 0700;
 
-/// The folder that the variable names, else that in the home folder.
-std::string userFolder(const char* variable, const char* inHome)
+std::string variable(const char* name)
 {
-    const char* folder = std::getenv(variable);
-    if (folder && *folder == '/')
-        return folder;
-    const char* home = std::getenv("HOME");
-    return std::string(home ? home : "") + inHome;
+    const char* value = std::getenv(name);
+    return value ? value : "";
+}
+
+/// The folder that a variable names, else the one in the home folder.
+std::string userFolder(const char* name, const char* inHome)
+{
+    const auto folder = variable(name);
+    return folder.starts_with('/') ? folder : variable("HOME") + inHome;
 }
 
 } // namespace

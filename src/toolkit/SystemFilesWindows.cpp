@@ -154,13 +154,13 @@ std::string makeUnusedPrivateFolder(const std::string& path, std::error_code& er
 
 std::string userDataFolder()
 {
-    const wchar_t* folder = _wgetenv(L"LOCALAPPDATA");
-    return folder ? fs::path(folder).string() : fs::temp_directory_path().string();
+    return userStateFolder();
 }
 
 std::string userStateFolder()
 {
-    return userDataFolder();
+    const wchar_t* folder = _wgetenv(L"LOCALAPPDATA");
+    return folder ? fs::path(folder).string() : fs::temp_directory_path().string();
 }
 
 } // namespace quorrin
