@@ -180,14 +180,15 @@ bool Window1::ReadMapText(const std::string& text)
     if (!Trim(sections(4)).empty())
         readScript(*this, sections(4));
 
-    constexpr void (*laterSections[])(Window1&, const std::string&) = {readIcons, readNumbers, readTopSquares,
-                                                                       readBorders};
-    std::int64_t n = 5;
-    for (const auto read : laterSections) {
+    // Older maps end before some of these.
+    const auto readIfThere = [&](std::int64_t n, auto read) {
         if (sections.UBound() >= n && !Trim(sections(n)).empty())
             read(*this, sections(n));
-        ++n;
-    }
+    };
+    readIfThere(5, readIcons);
+    readIfThere(6, readNumbers);
+    readIfThere(7, readTopSquares);
+    readIfThere(8, readBorders);
     return true;
 }
 
