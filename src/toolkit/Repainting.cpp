@@ -54,7 +54,8 @@ void paintWithin(const QRect& pixels, QPainter& painter, bool isOpaque, int scal
 
 void keepForRepainting(PaintedPicture picture)
 {
-    kept() = std::move(picture);
+    // The last one goes when the new one is in place: what was drawn on it may hand itself in as it goes.
+    const std::optional<PaintedPicture> last = std::exchange(kept(), std::move(picture));
 }
 
 QImage repainted(QSize size, bool isOpaque, int scale, const std::vector<Step>& steps)
